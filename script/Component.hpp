@@ -1,0 +1,59 @@
+#pragma once
+// Everything that happens on the timeline is a Component, made from one script line by
+// the maker registered under the line's keyword. Each effect family registers its own
+// builders with VZ_COMPONENT in its own source file; the factory pairs them with the
+// fixed keyword catalogue (names, French descriptions, syntaxes).
+#include <memory>
+
+namespace vz {
+
+class Sequencer;
+class TextParser;
+
+class Component {
+public:
+    virtual ~Component() = default;
+    // The component's class name ("Tunnel32bpp"), the same text as its maker's name.
+    virtual const char* getName() const { return name_; }
+    virtual void run(float localTime) = 0;
+
+    void setName(const char* className) { name_ = className; }
+    int useCount = 0;  // timeline entries placing this component
+
+private:
+    const char* name_ = "Nothing";
+};
+
+class ComponentMaker {
+public:
+    virtual ~ComponentMaker() = default;
+    virtual const char* getName() const = 0;
+    virtual const char* getDescription() const = 0;
+    virtual const char* getSyntax() const = 0;
+    // A new component built from the rest of the parser's line, or null.
+    virtual std::unique_ptr<Component> create(Sequencer& sequencer, TextParser& parser) = 0;
+};
+
+using ComponentBuilder = std::unique_ptr<Component> (*)(Sequencer&, TextParser&);
+
+template <class T>
+std::unique_ptr<Component> buildComponent(Sequencer& sequencer, TextParser& parser) {
+    return std::make_unique<T>(sequencer, parser);
+}
+
+// The builder a family registered for a keyword, or null when none is built yet.
+ComponentBuilder findComponentBuilder(const char* keyword);
+
+struct ComponentRegistration {
+    ComponentRegistration(const char* keyword, ComponentBuilder builder);
+};
+
+}  // namespace vz
+
+// In a family's .cpp: VZ_COMPONENT("tunnel32bpp", Tunnel32bpp)
+// The class needs a constructor (Sequencer&, TextParser&).
+#define VZ_COMPONENT_CAT2(a, b) a##b
+#define VZ_COMPONENT_CAT(a, b) VZ_COMPONENT_CAT2(a, b)
+#define VZ_COMPONENT(keyword, Class)                                                  \
+    static const ::vz::ComponentRegistration VZ_COMPONENT_CAT(componentRegistration_, \
+                                                              __LINE__){keyword, &::vz::buildComponent<Class>};

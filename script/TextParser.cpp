@@ -1,0 +1,121 @@
+#include "script/TextParser.hpp"
+
+#include <cstdio>
+#include <cstring>
+
+#include "shell/error.hpp"
+#include "shell/logstream.hpp"
+
+namespace vz {
+
+namespace {
+
+bool isSeparator(char c) {
+    return c == ' ' || c == '\v' || c == '\f' || c == '\n' || c == '\r' || c == '\t';
+}
+
+bool isTerminator(char c) { return c == '\0' || c == '#' || isSeparator(c); }
+
+std::string& locationText() {
+    static std::string text;
+    return text;
+}
+
+}  // namespace
+
+const std::string& TextParser::lastLocation() { return locationText(); }
+
+TextParser::~TextParser() { close(); }
+
+void TextParser::open(const std::string& name) {
+    name_ = name;
+    lineNumber_ = 0;
+    lineFinished_ = true;
+    std::memset(line_, 0, sizeof line_);
+    cursor_ = line_;
+    lastToken_ = "";
+    if (!file_.open(name)) {
+        logFramed("Fatal: Parser : open failure of " + name);
+        throw error("TextParser can not open file");
+    }
+}
+
+void TextParser::close() {
+    if (file_.isOpen()) file_.close();
+}
+
+bool TextParser::readLine() {
+    // The whole buffer is cleared first, so that a cursor standing past the end of a
+    // short line still sees zeros there.
+    std::memset(line_, 0, sizeof line_);
+    if (lineFinished_) ++lineNumber_;
+    int length = 0;
+    lineFinished_ = false;
+    while (length < lineCapacity - 1) {
+        char c;
+        if (file_.read(&c, 1, 1) == 0) {
+            lineFinished_ = true;
+            break;
+        }
+        if (c == '\n') {
+            lineFinished_ = true;
+            break;
+        }
+        line_[length++] = c;
+    }
+    cursor_ = line_;
+    locationText() = name_ + ":" + std::to_string(lineNumber_);
+    return true;
+}
+
+bool TextParser::nextLine() {
+    if (!file_.isOpen() || file_.endReached()) return false;
+    for (;;) {
+        readLine();
+        while (isSeparator(*cursor_)) ++cursor_;
+        if (*cursor_ != '\0' && *cursor_ != '#') return true;
+        if (file_.endReached()) return false;
+    }
+}
+
+const char* TextParser::getToken() {
+    char* c = cursor_;
+    while (isSeparator(*c)) ++c;
+    if (*c == '\0' || *c == '#') throw error("Fatal: Parser : there is no tokens lefts in the line");
+    char* end = c;
+    while (!isTerminator(*end)) ++end;
+    *end = '\0';
+    lastToken_ = c;
+    // Past the terminator, even the line's own end; the spare zero keeps this in bounds.
+    cursor_ = end + 1 <= line_ + lineCapacity ? end + 1 : line_ + lineCapacity;
+    return c;
+}
+
+std::string TextParser::getTokenCopy() { return std::string(getToken()); }
+
+int TextParser::getInt() {
+    int value = 0;
+    std::sscanf(getToken(), "%d", &value);
+    return value;
+}
+
+float TextParser::getFloat() {
+    float value = 0.0f;
+    std::sscanf(getToken(), "%f", &value);
+    return value;
+}
+
+char TextParser::peekChar() const {
+    const char* c = cursor_;
+    while (isSeparator(*c)) ++c;
+    return *c;
+}
+
+bool TextParser::tokensLeft() const {
+    char c = peekChar();
+    return c != '\0' && c != '#';
+}
+
+bool TextParser::lastTokenIs(const char* text) const { return std::strcmp(lastToken_, text) == 0; }
+
+}  // namespace vz

@@ -1,0 +1,6 @@
+#include <cstdio>
+
+int main() {
+    std::puts("vzplayer " VZ_VERSION);
+    return 0;
+}
