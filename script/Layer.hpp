@@ -5,11 +5,14 @@
 #include <cstdint>
 #include <vector>
 
+#include "script/Resource.hpp"
+
 namespace vz {
 
-class Layer {
+class Layer : public Resource {
 public:
-    virtual ~Layer() = default;
+    ~Layer() override = default;
+    static const char* staticKind() { return "layer"; }
     Layer(const Layer&) = delete;
     Layer& operator=(const Layer&) = delete;
 
@@ -42,6 +45,8 @@ public:
     Layer32bpp(int w, int h);                        // memory from the LayerManager
     Layer32bpp(int w, int h, std::uint32_t* view);   // a view over memory it does not own
     ~Layer32bpp() override;
+    static const char* staticKind() { return "Layer32bpp"; }
+    const char* kindName() const override { return staticKind(); }
 
     std::uint32_t* pixels = nullptr;
     std::uint32_t* row(int y) { return pixels + static_cast<std::int64_t>(y) * width; }
@@ -55,6 +60,8 @@ class Layer8bpp : public Layer {
 public:
     Layer8bpp(int w, int h);
     ~Layer8bpp() override;
+    static const char* staticKind() { return "Layer8bpp"; }
+    const char* kindName() const override { return staticKind(); }
 
     std::uint8_t* pixels = nullptr;
     std::uint8_t* row(int y) { return pixels + static_cast<std::int64_t>(y) * width; }
@@ -66,6 +73,8 @@ public:
 class LayerRle : public Layer {
 public:
     LayerRle(int w, int h, std::vector<std::uint8_t> packed);
+    static const char* staticKind() { return "LayerRle"; }
+    const char* kindName() const override { return staticKind(); }
     std::vector<std::uint8_t> data;
 };
 
