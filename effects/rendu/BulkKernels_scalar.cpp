@@ -30,9 +30,7 @@ void bytewise(uint32_t* dst, const uint32_t* src, size_t n) {
 // The operator of the alpha-map entry `alpha`, chosen by a jump inside the loop body
 // (the bodies are inlined; no call per pixel).
 uint32_t blendByAlpha(uint32_t alpha, uint32_t s, uint32_t d) {
-    uint32_t out = s;
-    withRendu(alphaToRendu(alpha), [&](auto r) { out = blend::op<decltype(r)::value>(s, d); });
-    return out;
+    return withRendu(alphaToRendu(alpha), [&](auto r) { return blend::op<decltype(r)::value>(s, d); });
 }
 
 void copy(uint32_t* dst, const uint32_t* src, size_t n, int rendu) {
