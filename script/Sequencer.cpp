@@ -15,7 +15,16 @@ bool& endOfDemo() {
 }
 
 Sequencer::Sequencer(const std::string& scriptName, const ExtraComponents* extra)
-    : scriptName_(scriptName), extra_(extra) {
+    : Sequencer(scriptName, extra, 0) {}
+
+Sequencer::Sequencer(const std::string& scriptName, const Sequencer& parent)
+    : Sequencer(scriptName, parent.extra_, parent.depth_ + 1) {}
+
+Sequencer::Sequencer(const std::string& scriptName, const ExtraComponents* extra, int depth)
+    : scriptName_(scriptName), extra_(extra), depth_(depth) {
+    // A script that places itself, directly or through others, would nest without end
+    // within a single frame.
+    if (depth_ > maxNesting) fail(scriptName, "scripts nested more than " + std::to_string(maxNesting) + " deep");
     parser_.open(scriptName);
     factory_.registerAll();
     entries_.reserve(entryCapacity);

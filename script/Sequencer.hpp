@@ -40,9 +40,13 @@ public:
         int order = 0;
     };
 
+    static constexpr int maxNesting = 16;      // composites within composites
+
     // Opens the script (a missing file is the parser's fatal error) and registers every
     // catalogue keyword. `extra` is borrowed and must outlive the sequencer.
     explicit Sequencer(const std::string& scriptName, const ExtraComponents* extra = nullptr);
+    // A nested sequencer (composites): one level deeper than `parent`, with its extras.
+    Sequencer(const std::string& scriptName, const Sequencer& parent);
     ~Sequencer();
     Sequencer(const Sequencer&) = delete;
     Sequencer& operator=(const Sequencer&) = delete;
@@ -56,12 +60,12 @@ public:
 
     const std::string& scriptName() const { return scriptName_; }
     SequencerFactory& factory() { return factory_; }
-    const ExtraComponents* extraComponents() const { return extra_; }
     int entryCount() const { return static_cast<int>(entries_.size()); }
     const Entry& entry(int index) const { return entries_[index]; }
     float waitTime() const { return waitTime_; }
 
 private:
+    Sequencer(const std::string& scriptName, const ExtraComponents* extra, int depth);
     void readEntry(Component* current);
     Component* createComponent(const std::string& keyword);
     void skipBlockComment();
@@ -77,6 +81,7 @@ private:
     float waitTime_ = 0;
     std::string scriptName_;
     const ExtraComponents* extra_;
+    int depth_;  // 0 for the show's own script, 1 for a script it nests, ...
     // Every component created and not yet destroyed, entries or not.
     std::vector<std::unique_ptr<Component>> components_;
 };

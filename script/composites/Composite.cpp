@@ -7,12 +7,12 @@
 namespace vz {
 
 Composite::Composite(Sequencer& sequencer, TextParser& parser)
-    : nested_(parser.getTokenCopy(), sequencer.extraComponents()) {}
+    : nested_(parser.getTokenCopy(), sequencer) {}
 
 void Composite::run(float localTime) { nested_.run(localTime); }
 
 FrameDependentComposite::FrameDependentComposite(Sequencer& sequencer, TextParser& parser)
-    : nested_(parser.getTokenCopy(), sequencer.extraComponents()) {
+    : nested_(parser.getTokenCopy(), sequencer) {
     // The fps follows the script name on the line.
     const float fps = parser.getFloat();
     interval_ = fps == 0.0f ? std::numeric_limits<float>::infinity() : 1.0f / fps;
