@@ -133,14 +133,6 @@ TEST_F(KeytrackTest, OneKeyTracksAndUnknownKinds) {
     EXPECT_FLOAT_EQ(value, -1.0f);
 }
 
-TEST_F(KeytrackTest, KindNames) {
-    EXPECT_STREQ(KeytrackInt::staticKind(), "KeytrackInt");
-    EXPECT_STREQ(KeytrackFloat().kindName(), "KeytrackFloat");
-    EXPECT_STREQ(KeytrackVector2::staticKind(), "KeytrackVector2");
-    EXPECT_STREQ(KeytrackVector3::staticKind(), "KeytrackVector3");
-    EXPECT_STREQ(KeytrackSprite::staticKind(), "KeytrackSprite");
-}
-
 TEST_F(KeytrackTest, UnusableFilesAreRejectedByName) {
     auto errorFor = [](const std::string& content) {
         return test::errorOf([&] { trackFrom<KeytrackFloat>(content); });

@@ -159,14 +159,5 @@ TEST_F(ResourceKindsTest, SceneKinds) {
     EXPECT_EQ(errorOfDeclaring("m SceneMax show.asc"), "SceneMax : 3D scenes are not available yet");
 }
 
-TEST_F(ResourceKindsTest, AllKindKeywordsAreKnown) {
-    for (const char* keyword :
-         {"LayerRle", "Layer8bpp", "Layer32bpp", "OffsetsTable", "Zbuffer", "Palette", "Color", "Meshe",
-          "MesheMaterial", "Material", "Scene", "SceneMax", "KeytrackSprite", "KeytrackVector3", "KeytrackVector2",
-          "KeytrackFloat", "KeytrackInt", "Text", "Rawdata"})
-        EXPECT_NE(findResourceKind(keyword), nullptr) << keyword;
-    EXPECT_EQ(findResourceKind("layer32bpp"), nullptr);
-}
-
 }  // namespace
 }  // namespace vz

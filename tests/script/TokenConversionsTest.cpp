@@ -8,14 +8,9 @@ namespace vz {
 namespace {
 
 TEST(TokenConversionsTest, RenduKeywordsAndNumbers) {
-    EXPECT_EQ(token2rendu("off"), 0);
-    EXPECT_EQ(token2rendu("glenz25"), 8);
-    EXPECT_EQ(token2rendu("glenz50"), 16);
-    EXPECT_EQ(token2rendu("glenz75"), 24);
-    EXPECT_EQ(token2rendu("normal"), 32);
-    EXPECT_EQ(token2rendu("add"), 33);
-    EXPECT_EQ(token2rendu("sub"), 34);
-    EXPECT_EQ(token2rendu("addnosat"), 35);
+    const char* keywords[] = {"off", "glenz25", "glenz50", "glenz75", "normal", "add", "sub", "addnosat"};
+    const int values[] = {0, 8, 16, 24, 32, 33, 34, 35};
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(token2rendu(keywords[i]), values[i]) << keywords[i];
     EXPECT_EQ(token2rendu("288"), 288);
     EXPECT_EQ(token2rendu("16"), 16);
     EXPECT_EQ(token2rendu("-3"), -3);
@@ -38,14 +33,10 @@ TEST(TokenConversionsTest, OtherConversionsLogUnknownWordsAndFallBack) {
     EXPECT_EQ(token2interpolation("linear"), 1);
     EXPECT_EQ(token2interpolation("spline"), 2);
     EXPECT_EQ(token2interpolation("cosinus"), 3);
-    EXPECT_EQ(token2materialId("texture32bpp"), 0);
-    EXPECT_EQ(token2materialId("textureAnysize32bpp"), 1);
-    EXPECT_EQ(token2materialId("texture8bpp"), 2);
-    EXPECT_EQ(token2materialId("gouraud8bpp"), 3);
-    EXPECT_EQ(token2materialId("flatColor"), 4);
-    EXPECT_EQ(token2materialId("flatPattern"), 5);
-    EXPECT_EQ(token2materialId("gouraud32bpp"), 6);
-    EXPECT_EQ(token2materialId("dualTexture8bpp"), 8);
+    const char* materials[] = {"texture32bpp", "textureAnysize32bpp", "texture8bpp", "gouraud8bpp",
+                               "flatColor",    "flatPattern",         "gouraud32bpp", "dualTexture8bpp"};
+    const int ids[] = {0, 1, 2, 3, 4, 5, 6, 8};
+    for (int i = 0; i < 8; ++i) EXPECT_EQ(token2materialId(materials[i]), ids[i]) << materials[i];
     EXPECT_TRUE(token2bool("true"));
     EXPECT_FALSE(token2bool("false"));
     auto clean = test::stopLogAndReadLines();
