@@ -96,7 +96,7 @@ float wrapTime(float t, float period) {
     return t;
 }
 
-float square(float p1, float, float, float, float) { return p1; }
+float square(float, float p1, float, float, float) { return p1; }
 
 float linear(float, float p1, float p2, float, float u) { return p1 + u * (p2 - p1); }
 

@@ -25,29 +25,13 @@ void checkRoom(const Repository& repository) {
 
 // Reads the literal of an inline "const..." parameter; null when the token is a name.
 std::unique_ptr<Resource> readConstant(const std::string& token, TextParser& parser) {
-    if (token == "constFloat") return KeytrackFloat::constant(parser.getFloat());
+    // Braced lists read their literals left to right.
+    auto next = [&parser] { return parser.getFloat(); };
+    if (token == "constFloat") return KeytrackFloat::constant(next());
     if (token == "constInt") return KeytrackInt::constant(parser.getInt());
-    if (token == "constVector2") {
-        Vector2 v;
-        v.x = parser.getFloat();
-        v.y = parser.getFloat();
-        return KeytrackVector2::constant(v);
-    }
-    if (token == "constVector3") {
-        Vector3 v;
-        v.x = parser.getFloat();
-        v.y = parser.getFloat();
-        v.z = parser.getFloat();
-        return KeytrackVector3::constant(v);
-    }
-    if (token == "constSprite") {
-        SpriteValue v;
-        v.x = parser.getFloat();
-        v.y = parser.getFloat();
-        v.scaleX = parser.getFloat();
-        v.scaleY = parser.getFloat();
-        return KeytrackSprite::constant(v);
-    }
+    if (token == "constVector2") return KeytrackVector2::constant(Vector2{next(), next()});
+    if (token == "constVector3") return KeytrackVector3::constant(Vector3{next(), next(), next()});
+    if (token == "constSprite") return KeytrackSprite::constant(SpriteValue{next(), next(), next(), next()});
     if (token == "constColor") {
         // Red, green, blue: bytes 2, 1, 0.
         std::uint32_t red = static_cast<std::uint32_t>(parser.getInt()) & 0xFF;

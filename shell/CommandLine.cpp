@@ -1,0 +1,93 @@
+#include "shell/CommandLine.hpp"
+
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+#include <string_view>
+
+namespace vz {
+
+namespace {
+
+double parseNumber(const std::string& option, const std::string& text) {
+    char* end = nullptr;
+    errno = 0;
+    double value = std::strtod(text.c_str(), &end);
+    if (text.empty() || *end != '\0' || errno != 0 || !std::isfinite(value))
+        throw UsageError(option + " needs a number, not '" + text + "'");
+    return value;
+}
+
+}  // namespace
+
+const char* usageText() {
+    return "Usage: vzplayer [OPTIONS] [DEMO]\n"
+           "Plays a demo: a directory holding config.txt and main.txt, or a .zip archive of one.\n"
+           "Without DEMO: the current directory if it holds config.txt, else the bundled sample demo.\n"
+           "\n"
+           "  --headless         no window and no audio device; time advances by frames (n / fps)\n"
+           "  --fps N            frame rate of headless time (default 50)\n"
+           "  --until T          end after the first frame whose time is >= T seconds\n"
+           "  --shot T=FILE.png  after the first frame whose time is >= T, write the whole\n"
+           "                     display as a PNG (repeatable)\n"
+           "  --dump-frames DIR  write every frame as DIR/frame-000000.png, frame-000001.png, ...\n"
+           "  --audio-out FILE   headless: write the music, rendered in step with the frames,\n"
+           "                     as a 44100 Hz stereo 16-bit WAV\n"
+           "  --list-components  print every component keyword with its description and syntax\n"
+           "                     (add --markdown for the reference page)\n"
+           "  --help             this text\n"
+           "  --version          the player's version\n"
+           "\n"
+           "Keys: Escape ends the show, Space logs the current time, F11 toggles full screen.\n"
+           "The log is written to logfile.txt in the demo directory.\n"
+           "Exit status: 0 after a normal end; 1 after a fatal error in a headless run, or when the\n"
+           "display cannot be opened; 2 for bad usage.\n";
+}
+
+Options parseCommandLine(int argc, const char* const* argv) {
+    Options options;
+    auto value = [&](int& i, const std::string& option) -> std::string {
+        if (i + 1 >= argc) throw UsageError(option + " needs a value");
+        return argv[++i];
+    };
+    for (int i = 1; i < argc; ++i) {
+        std::string arg = argv[i];
+        if (arg == "--headless") {
+            options.headless = true;
+        } else if (arg == "--fps") {
+            options.fps = parseNumber(arg, value(i, arg));
+            if (options.fps <= 0 || options.fps > 10000) throw UsageError("--fps must be between 0 and 10000");
+        } else if (arg == "--until") {
+            options.until = parseNumber(arg, value(i, arg));
+        } else if (arg == "--shot") {
+            std::string spec = value(i, arg);
+            auto eq = spec.find('=');
+            if (eq == std::string::npos || eq + 1 == spec.size())
+                throw UsageError("--shot takes T=FILE.png, not '" + spec + "'");
+            options.shots.push_back({parseNumber(arg, spec.substr(0, eq)), spec.substr(eq + 1)});
+        } else if (arg == "--dump-frames") {
+            options.dumpFramesDir = value(i, arg);
+        } else if (arg == "--audio-out") {
+            options.audioOut = value(i, arg);
+        } else if (arg == "--list-components") {
+            options.listComponents = true;
+        } else if (arg == "--markdown") {
+            options.markdown = true;
+        } else if (arg == "--help" || arg == "-h") {
+            options.help = true;
+        } else if (arg == "--version") {
+            options.version = true;
+        } else if (!arg.empty() && arg[0] == '-') {
+            throw UsageError("unknown option " + arg);
+        } else if (options.demo.empty()) {
+            options.demo = arg;
+        } else {
+            throw UsageError("only one demo can be played, got '" + options.demo + "' and '" + arg + "'");
+        }
+    }
+    if (!options.audioOut.empty() && !options.headless)
+        throw UsageError("--audio-out needs --headless (the music is rendered in step with the frames)");
+    return options;
+}
+
+}  // namespace vz

@@ -1,0 +1,39 @@
+#pragma once
+// The player's command line: which demo to play and how (window or headless, frame
+// rate, end time, screenshots, frame dumps, audio capture), or a listing of components.
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace vz {
+
+struct Shot {
+    double time = 0;
+    std::string file;
+};
+
+struct Options {
+    std::string demo;            // directory, .zip archive, or empty
+    bool headless = false;
+    double fps = 50.0;
+    std::optional<double> until;
+    std::vector<Shot> shots;
+    std::string dumpFramesDir;
+    std::string audioOut;
+    bool listComponents = false;
+    bool markdown = false;       // with --list-components: the reference as Markdown
+    bool help = false;
+    bool version = false;
+};
+
+// Bad usage: the message says what is wrong; the program exits with status 2.
+class UsageError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+Options parseCommandLine(int argc, const char* const* argv);
+const char* usageText();
+
+}  // namespace vz

@@ -1,0 +1,215 @@
+#include "shell/sound/SoundSystem.hpp"
+
+#include <atomic>
+#include <chrono>
+#include <cmath>
+#include <ctime>
+#include <iostream>
+
+#include "shell/display/Timer.hpp"
+#include "shell/error.hpp"
+#include "shell/logstream.hpp"
+#include "shell/sound/AudioDevice.hpp"
+#include "shell/sound/DeviceClock.hpp"
+#include "shell/sound/MusicDecoder.hpp"
+#include "shell/sound/MusicFile.hpp"
+#include "shell/sound/SampleRate.hpp"
+#include "shell/sound/WavWriter.hpp"
+
+namespace vz {
+
+namespace {
+
+enum class MusicKind { none, module, stream };
+
+std::int64_t threadCpuNanoseconds() {
+    timespec now{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return static_cast<std::int64_t>(now.tv_sec) * 1000000000 + now.tv_nsec;
+}
+
+void restartTimer() {
+    Timer& timer = Timer::instance();
+    timer.stop();
+    timer.set(0.0);
+    timer.start();
+}
+
+// Reads and opens a music file; null (said on stderr) when it cannot be played.
+std::unique_ptr<MusicDecoder> loadMusic(const std::string& name, MusicKind kind, int where) {
+    std::vector<std::uint8_t> bytes;
+    if (!readMusicFile(name, bytes)) {
+        std::cerr << "vzplayer: music file not found: " << name << " (the show runs on the timer)\n";
+        return nullptr;
+    }
+    std::string why;
+    auto music = kind == MusicKind::module ? openModule(bytes, where, why) : openStream(std::move(bytes), where, why);
+    if (!music)
+        std::cerr << "vzplayer: cannot play music file " << name << ": " << why << " (the show runs on the timer)\n";
+    return music;
+}
+
+}  // namespace
+
+struct SoundSystem::State {
+    bool nosound = false;
+    AudioMode mode = AudioMode::device;
+    double framesPerSecond = 50.0;
+    float timeOffset = 0.0f;
+
+    AudioDevice device;
+    std::unique_ptr<DeviceClock> clock;  // exists while the device is open
+
+    // The music heard. The device thread reads `music` inside its fill function, so
+    // the main thread replaces it only with the device locked.
+    std::unique_ptr<MusicDecoder> music;
+    MusicKind kind = MusicKind::none;
+    double musicStart = 0.0;  // a stream's position when it started, in seconds
+
+    // Lock-step rendering.
+    std::int64_t frameIndex = 0;
+    std::int64_t musicFrames = 0;  // rendered since the music started
+    std::vector<std::int16_t> frameAudio;
+    WavWriter wav;
+
+    std::atomic<std::int64_t> framesHandedOver{0};
+    std::atomic<std::int64_t> callbackCpuNs{0};
+
+    // Device thread: the next block, and the clock's record of it.
+    static void fillDevice(void* user, std::int16_t* out, int frames) {
+        auto& state = *static_cast<State*>(user);
+        const auto when = DeviceClock::Clock::now();
+        const std::int64_t cpuBefore = threadCpuNanoseconds();
+        renderOrSilence(state.music.get(), out, static_cast<std::size_t>(frames));
+        state.clock->handOver(frames, when);
+        state.framesHandedOver.fetch_add(frames, std::memory_order_relaxed);
+        state.callbackCpuNs.fetch_add(threadCpuNanoseconds() - cpuBefore, std::memory_order_relaxed);
+    }
+
+    bool canPlay() const { return mode == AudioMode::lockStep || device.isOpen(); }
+
+    // Makes `next` the music heard from now on; the old one is freed outside the lock.
+    void install(std::unique_ptr<MusicDecoder> next, MusicKind nextKind, double start) {
+        device.lock();
+        std::swap(music, next);
+        if (clock) clock->restart();
+        device.unlock();
+        kind = music ? nextKind : MusicKind::none;
+        musicStart = start;
+        musicFrames = 0;
+    }
+
+    void startMusic(const std::string& name, MusicKind nextKind, int where, float offset, double start) {
+        restartTimer();
+        timeOffset = offset;
+        install(nullptr, MusicKind::none, 0.0);
+        if (nosound) return;
+        logout() << "loading of " << name << lend;
+        // Without a working device nothing is loaded: the show goes on with the timer.
+        auto next = canPlay() ? loadMusic(name, nextKind, where) : nullptr;
+        logout() << "playing of " << name << lend;
+        install(std::move(next), nextKind, start);
+    }
+};
+
+SoundSystem& SoundSystem::instance() {
+    static SoundSystem sound;
+    return sound;
+}
+
+SoundSystem::SoundSystem() : state_(std::make_unique<State>()) {}
+
+SoundSystem::~SoundSystem() = default;
+
+void SoundSystem::initialise(bool nosound, AudioMode mode, double framesPerSecond) {
+    close();
+    State& s = *state_;
+    if (mode == AudioMode::lockStep && !(framesPerSecond > 0.0))
+        throw error("the frame rate must be positive");
+    s.nosound = nosound;
+    s.mode = mode;
+    s.framesPerSecond = framesPerSecond;
+    s.frameIndex = 0;
+    s.frameAudio.clear();
+    s.framesHandedOver = 0;
+    s.callbackCpuNs = 0;
+    restartTimer();
+    s.timeOffset = 0.0f;
+    if (nosound || mode != AudioMode::device) return;
+    std::string why;
+    if (!s.device.open(&State::fillDevice, &s, why)) {
+        // A silent failure for the show; the person running it still learns why.
+        static bool reported = false;
+        if (!reported) std::cerr << "vzplayer: no audio device (" << why << "): the show runs on the timer\n";
+        reported = true;
+        return;
+    }
+    s.clock = std::make_unique<DeviceClock>(sampleRate, s.device.bufferFrames());
+    s.device.start();
+}
+
+float SoundSystem::currentTime() {
+    State& s = *state_;
+    if (s.kind == MusicKind::none) return static_cast<float>(Timer::instance().time() + s.timeOffset);
+    const double heard = s.mode == AudioMode::lockStep
+                             ? static_cast<double>(s.musicFrames) / sampleRate
+                             : s.clock->position(DeviceClock::Clock::now());
+    return static_cast<float>(s.musicStart + heard + s.timeOffset);
+}
+
+void SoundSystem::close() {
+    State& s = *state_;
+    s.install(nullptr, MusicKind::none, 0.0);
+    s.device.close();
+    s.clock.reset();
+    s.wav.close();
+}
+
+void SoundSystem::playModule(const std::string& fileName, int order, float timeOffset) {
+    state_->startMusic(fileName, MusicKind::module, order, timeOffset, 0.0);
+}
+
+void SoundSystem::playStream(const std::string& fileName, int startMs, float timeOffset) {
+    state_->startMusic(fileName, MusicKind::stream, startMs, timeOffset, startMs * 0.001);
+}
+
+void SoundSystem::setModuleVolume(int volume) {
+    if (state_->kind == MusicKind::module) state_->music->setVolume(volume);
+}
+
+bool SoundSystem::nosound() const { return state_->nosound; }
+bool SoundSystem::modulePlaying() const { return state_->kind == MusicKind::module; }
+bool SoundSystem::streamPlaying() const { return state_->kind == MusicKind::stream; }
+
+void SoundSystem::setAudioOut(const std::string& path) {
+    if (state_->mode != AudioMode::lockStep) throw error("audio output to a file needs headless (lock-step) sound");
+    state_->wav.open(path, sampleRate, channelCount);
+}
+
+void SoundSystem::endFrame() {
+    State& s = *state_;
+    if (s.mode != AudioMode::lockStep) return;
+    const double samplesPerFrame = sampleRate / s.framesPerSecond;
+    const auto first = std::llround(static_cast<double>(s.frameIndex) * samplesPerFrame);
+    const auto next = std::llround(static_cast<double>(s.frameIndex + 1) * samplesPerFrame);
+    const auto frames = static_cast<std::size_t>(next - first);
+    s.frameAudio.resize(frames * channelCount);
+    renderOrSilence(s.music.get(), s.frameAudio.data(), frames);
+    if (s.kind != MusicKind::none) s.musicFrames += static_cast<std::int64_t>(frames);
+    s.wav.append(s.frameAudio.data(), s.frameAudio.size());
+    ++s.frameIndex;
+}
+
+const std::vector<std::int16_t>& SoundSystem::lastFrameAudio() const { return state_->frameAudio; }
+
+SoundSystem::DeviceStatistics SoundSystem::deviceStatistics() const {
+    const State& s = *state_;
+    DeviceStatistics stats;
+    stats.deviceOpen = s.device.isOpen();
+    stats.bufferFrames = s.device.bufferFrames();
+    stats.secondsHandedOver = static_cast<double>(s.framesHandedOver.load()) / sampleRate;
+    stats.callbackCpuSeconds = static_cast<double>(s.callbackCpuNs.load()) * 1e-9;
+    return stats;
+}
+
+}  // namespace vz

@@ -1,0 +1,207 @@
+#include "shell/sound/MusicComponents.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "assets/File.hpp"
+#include "shell/sound/SoundSystem.hpp"
+#include "shell/sound/WavWriter.hpp"
+#include "tests/shell/ModWriter.hpp"
+#include "tests/shell/SoundTestSupport.hpp"
+
+namespace vz::test {
+namespace {
+
+constexpr double fps = 50.0;  // 882 samples, 0.02 s per frame
+
+// Lock-step sound at 50 frames per second over a scratch directory holding "song.mod".
+class MusicTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        writeBytes("song.mod", toBytes(makeTestSong()));
+        Timer::instance().driveByFrames(fps);
+        startLog();
+    }
+    void TearDown() override { SoundSystem::instance().close(); }
+
+    static std::vector<unsigned char> toBytes(const std::vector<std::uint8_t>& bytes) {
+        return {bytes.begin(), bytes.end()};
+    }
+    static SoundSystem& sound() { return SoundSystem::instance(); }
+    static void initialise(bool nosound = false) { sound().initialise(nosound, AudioMode::lockStep, fps); }
+
+    // The tone heard over `frames` frames: the sign changes it makes.
+    static int crossingsOver(int frames) { return zeroCrossings(playFrames(frames)); }
+
+    ScratchDir scratch;
+};
+
+TEST_F(MusicTest, ModuleStartsAtItsOrderWhileTheClockStartsAtTheOffset) {
+    initialise();
+    auto high = makeFromLine<PlayModule>("song.mod 0 10.0");
+    high->run(0.0f);
+    EXPECT_FLOAT_EQ(sound().currentTime(), 10.0f);
+    const int highCrossings = crossingsOver(10);  // 0.2 s
+    EXPECT_NEAR(highCrossings, expectedCrossings(testSongHighHz, 8820), 6);
+    EXPECT_FLOAT_EQ(sound().currentTime(), 10.2f);
+
+    // Order 2 holds the low tone; the clock still starts at the offset.
+    auto low = makeFromLine<PlayModule>("song.mod 2 3.5");
+    low->run(0.0f);
+    EXPECT_FLOAT_EQ(sound().currentTime(), 3.5f);
+    EXPECT_NEAR(crossingsOver(10), expectedCrossings(testSongLowHz, 8820), 4);
+    EXPECT_FLOAT_EQ(sound().currentTime(), 3.7f);
+
+    // Order 1 is silent for its half second, then order 2 follows.
+    auto silent = makeFromLine<PlayModule>("song.mod 1 0");
+    silent->run(0.0f);
+    EXPECT_EQ(peak(playFrames(24)), 0);
+    playFrames(2);
+    EXPECT_GT(peak(playFrames(5)), 1000);
+    EXPECT_FLOAT_EQ(sound().currentTime(), 0.62f);
+
+    // A component acts on its first run only: running it again changes nothing.
+    silent->run(1.0f);
+    EXPECT_FLOAT_EQ(sound().currentTime(), 0.62f);
+    EXPECT_TRUE(sound().modulePlaying());
+}
+
+TEST_F(MusicTest, EachStartLogsLoadingThenPlaying) {
+    initialise();
+    makeFromLine<PlayModule>("song.mod 0 0")->run(0.0f);
+    makeFromLine<PlayModule>("gone.mod 0 0")->run(0.0f);
+    const auto lines = stopLogAndReadLines();
+    const std::vector<std::string> expected = {"loading of song.mod", "playing of song.mod", "loading of gone.mod",
+                                         "playing of gone.mod"};
+    EXPECT_NE(std::search(lines.begin(), lines.end(), expected.begin(), expected.end()), lines.end());
+}
+
+TEST_F(MusicTest, MissingOrUnplayableFilesLeaveTheShowOnTheRestartedTimer) {
+    initialise();
+    writeFile("text.mod", "not a module at all");
+    writeFile("text.mp3", "not a stream either");
+    makeFromLine<PlayModule>("song.mod 0 0")->run(0.0f);
+    for (const char* line : {"gone.mod 0 3.0", "text.mod 0 3.0"}) {
+        testing::internal::CaptureStderr();
+        makeFromLine<PlayModule>(line)->run(0.0f);
+        const std::string said = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
+        EXPECT_NE(said.find(std::string(line).substr(0, 8)), std::string::npos) << said;
+        EXPECT_FALSE(sound().modulePlaying());
+        EXPECT_FLOAT_EQ(sound().currentTime(), 3.0f);
+        EXPECT_EQ(peak(playFrames(5)), 0);
+        EXPECT_FLOAT_EQ(sound().currentTime(), 3.1f);  // the timer, driven by the frames
+    }
+    testing::internal::CaptureStderr();
+    makeFromLine<PlayMp3>("text.mp3 1.0 2.0")->run(0.0f);
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("text.mp3"), std::string::npos);
+    EXPECT_FALSE(sound().streamPlaying());
+    EXPECT_FLOAT_EQ(sound().currentTime(), 2.0f);
+}
+
+TEST_F(MusicTest, NosoundResetsTheClockButPlaysAndLogsNothing) {
+    initialise(true);
+    playFrames(30);
+    makeFromLine<PlayModule>("song.mod 0 7.0")->run(0.0f);
+    EXPECT_FLOAT_EQ(sound().currentTime(), 7.0f);
+    EXPECT_EQ(peak(playFrames(10)), 0);
+    EXPECT_FLOAT_EQ(sound().currentTime(), 7.2f);
+    EXPECT_FALSE(sound().modulePlaying());
+    for (const std::string& line : stopLogAndReadLines()) EXPECT_EQ(line.find("of song.mod"), std::string::npos);
+
+    // In device mode NOSOUND opens no device at all.
+    sound().initialise(true, AudioMode::device);
+    makeFromLine<PlayModule>("song.mod 0 1.0")->run(0.0f);
+    EXPECT_FALSE(sound().deviceStatistics().deviceOpen);
+    EXPECT_FALSE(sound().modulePlaying());
+}
+
+TEST_F(MusicTest, FadeFromZeroToOneRampsAndHolds) {
+    initialise();
+    makeFromLine<PlayModule>("song.mod 0 0")->run(0.0f);
+    const int full = peak(playFrames(2));
+    ASSERT_GT(full, 1000);
+    auto fade = makeFromLine<FadeVolume>("0 1");
+    fade->run(0.0f);
+    EXPECT_EQ(peak(playFrames(2)), 0);
+    fade->run(0.5f);  // volume 127
+    playFrames(1);
+    EXPECT_NEAR(peak(playFrames(2)), full * 127 / 255, full / 20);
+    fade->run(3.0f);  // held at 255
+    playFrames(1);
+    EXPECT_NEAR(peak(playFrames(2)), full, full / 50);
+}
+
+TEST_F(MusicTest, FadeFromOneToZeroIsSilentAtOnce) {
+    initialise();
+    makeFromLine<PlayModule>("song.mod 0 0")->run(0.0f);
+    auto fade = makeFromLine<FadeVolume>("1 0");
+    for (float u : {0.0f, 0.25f, 0.9f}) {
+        fade->run(u);
+        EXPECT_EQ(peak(playFrames(2)), 0) << u;
+    }
+    // The module plays on under the silence: its clock did not stop.
+    EXPECT_FLOAT_EQ(sound().currentTime(), 0.12f);
+}
+
+TEST_F(MusicTest, ZippedDemoPlaysItsMusicFromTheArchive) {
+    if (std::system("command -v zip >/dev/null 2>&1") != 0) GTEST_SKIP() << "zip is not installed";
+    ASSERT_EQ(std::system("zip -q demo.zip song.mod && rm song.mod"), 0);
+    initialise();
+    auto play = makeFromLine<PlayModule>("song.mod 0 0");
+    File::switchToArchive("demo.zip");
+    play->run(0.0f);
+    const bool playing = sound().modulePlaying();
+    const int heard = peak(playFrames(3));
+    File::resetToDisk();
+    EXPECT_TRUE(playing);
+    EXPECT_GT(heard, 1000);
+}
+
+// A stream of known tones made with lame: 5 s of 440 Hz, 5 s of 660 Hz, 5 s of 880 Hz,
+// 5 s of 220 Hz. False when lame is not installed.
+bool makeToneStream(const std::string& name) {
+    if (std::system("command -v lame >/dev/null 2>&1") != 0) return false;
+    const double tones[] = {440.0, 660.0, 880.0, 220.0};
+    std::vector<std::int16_t> samples;
+    for (double hz : tones)
+        for (int i = 0; i < 5 * 44100; ++i) {
+            const auto v = static_cast<std::int16_t>(12000 * std::sin(2 * 3.14159265358979 * hz * i / 44100));
+            samples.push_back(v);
+            samples.push_back(v);
+        }
+    WavWriter wav;
+    wav.open("tones.wav", 44100, 2);
+    wav.append(samples.data(), samples.size());
+    wav.close();
+    return std::system(("lame --quiet -b 128 tones.wav " + name).c_str()) == 0;
+}
+
+TEST_F(MusicTest, StreamSeeksToItsStartTimeAndReplacesAndIsReplacedByModules) {
+    if (!makeToneStream("tones.mp3")) GTEST_SKIP() << "lame is not installed";
+    initialise();
+    makeFromLine<PlayModule>("song.mod 0 0")->run(0.0f);
+    playFrames(5);
+
+    makeFromLine<PlayMp3>("tones.mp3 12.5 2.0")->run(0.0f);
+    EXPECT_FALSE(sound().modulePlaying());
+    EXPECT_TRUE(sound().streamPlaying());
+    EXPECT_FLOAT_EQ(sound().currentTime(), 14.5f);
+    EXPECT_NEAR(crossingsOver(10), expectedCrossings(880.0, 8820), 4);
+    EXPECT_FLOAT_EQ(sound().currentTime(), 14.7f);
+    // Streams are not faded.
+    makeFromLine<FadeVolume>("0 0")->run(0.0f);
+    EXPECT_GT(peak(playFrames(2)), 5000);
+
+    makeFromLine<PlayModule>("song.mod 2 20.0")->run(0.0f);
+    EXPECT_TRUE(sound().modulePlaying());
+    EXPECT_FALSE(sound().streamPlaying());
+    EXPECT_FLOAT_EQ(sound().currentTime(), 20.0f);
+    EXPECT_NEAR(crossingsOver(10), expectedCrossings(testSongLowHz, 8820), 4);
+}
+
+}  // namespace
+}  // namespace vz::test
