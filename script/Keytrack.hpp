@@ -29,6 +29,8 @@ class Keytrack : public Resource {
 public:
     using Value = V;
 
+    // "KeytrackInt", "KeytrackFloat", "KeytrackVector2", "KeytrackVector3", "KeytrackSprite".
+    static const char* staticKind();
     const char* kindName() const override;
 
     int count() const { return static_cast<int>(times.size()); }

@@ -1,0 +1,173 @@
+#include "script/Sequencer.hpp"
+
+#include <algorithm>
+#include <sstream>
+
+#include "script/Repository.hpp"
+#include "shell/error.hpp"
+#include "shell/logstream.hpp"
+
+namespace vz {
+
+bool& endOfDemo() {
+    static bool flag = false;
+    return flag;
+}
+
+Sequencer::Sequencer(const std::string& scriptName, const ExtraComponents* extra)
+    : Sequencer(scriptName, extra, 0) {}
+
+Sequencer::Sequencer(const std::string& scriptName, const Sequencer& parent)
+    : Sequencer(scriptName, parent.extra_, parent.depth_ + 1) {}
+
+Sequencer::Sequencer(const std::string& scriptName, const ExtraComponents* extra, int depth)
+    : scriptName_(scriptName), extra_(extra), depth_(depth) {
+    // A script that places itself, directly or through others, would nest without end
+    // within a single frame.
+    if (depth_ > maxNesting) fail(scriptName, "scripts nested more than " + std::to_string(maxNesting) + " deep");
+    parser_.open(scriptName);
+    factory_.registerAll();
+    entries_.reserve(entryCapacity);
+    active_.reserve(activeCapacity);
+}
+
+Sequencer::~Sequencer() {
+    // Components go in timeline order; one placed by several entries goes once.
+    for (Entry& entry : entries_)
+        if (entry.component) destroy(entry.component);
+    entries_.clear();
+    // Components that no entry ever placed.
+    components_.clear();
+    parser_.close();
+}
+
+void Sequencer::run(float t) {
+    read(t);
+    rebuildActiveList(t);
+    for (int index : active_) {
+        const Entry& entry = entries_[index];
+        entry.component->run((t - entry.begin) * entry.speed + entry.offset);
+    }
+    releaseEnded(t);
+}
+
+void Sequencer::read(float t) {
+    if (t <= waitTime_) return;
+    // Entry lines refer to the component created last in this same call.
+    Component* current = nullptr;
+    while (parser_.nextLine()) {
+        const char first = parser_.peekChar();
+        if (first >= '0' && first <= '9') {
+            readEntry(current);
+            continue;
+        }
+        if (first == '%') {
+            skipBlockComment();
+            continue;
+        }
+        const std::string keyword = parser_.getTokenCopy();
+        if (keyword == "add") {
+            Repository::instance().load(parser_);
+        } else if (keyword == "sub") {
+            Repository::instance().sub(parser_.getTokenCopy());
+        } else if (keyword == "wait") {
+            waitTime_ = parser_.getFloat();
+            if (t <= waitTime_) return;  // a wait already past does not stop reading
+        } else if (keyword == "waitFrame") {
+            return;
+        } else if (keyword == "endDemo") {
+            endOfDemo() = true;
+            return;
+        } else {
+            if (!current) logout() << lend << scriptName_ << ":" << lend;
+            current = createComponent(keyword);
+        }
+    }
+}
+
+void Sequencer::readEntry(Component* current) {
+    const std::string where = parser_.fileName() + ":" + std::to_string(parser_.lineNumber());
+    if (!current) fail(where, "timeline entry without a component");
+    if (entryCount() >= entryCapacity)
+        fail(where, "more than " + std::to_string(entryCapacity) + " timeline entries");
+
+    Entry entry;
+    entry.component = current;
+    entry.begin = parser_.getFloat();
+    entry.end = parser_.getFloat();
+    entry.offset = parser_.getFloat();
+    entry.speed = parser_.getFloat();
+    entry.order = parser_.getInt();
+    ++current->useCount;
+    logout() << entryCount() << " - Key [" << current->getName() << "] - begin [" << entry.begin << "] - end ["
+             << entry.end << "] - offset [" << entry.offset << "] - speed [" << entry.speed << "] - order ["
+             << entry.order << "]" << lend;
+    entries_.push_back(entry);
+}
+
+Component* Sequencer::createComponent(const std::string& keyword) {
+    std::unique_ptr<Component> component;
+    if (ComponentMaker* maker = factory_.find(keyword)) {
+        component = maker->create(*this, parser_);
+    } else if (extra_) {
+        for (const ExtraComponent& candidate : *extra_) {
+            if (candidate.keyword != keyword) continue;
+            component = candidate.builder(*this, parser_);
+            break;
+        }
+    }
+    if (!component) {
+        logFramed("unknow Component : " + scriptName_ + "::" + keyword);
+        throw error("unknow Component");
+    }
+    components_.push_back(std::move(component));
+    return components_.back().get();
+}
+
+void Sequencer::skipBlockComment() {
+    // The opening line is skipped whole; the block ends with the next line whose first
+    // token is exactly "%" (or with the script).
+    while (parser_.nextLine())
+        if (std::string(parser_.getToken()) == "%") return;
+}
+
+void Sequencer::rebuildActiveList(float t) {
+    active_.clear();
+    for (int index = 0; index < entryCount(); ++index) {
+        const Entry& entry = entries_[index];
+        if (!entry.component || entry.begin > t) continue;
+        if (!(entry.end > t || entry.end == -1.0f)) continue;
+        if (static_cast<int>(active_.size()) >= activeCapacity) {
+            std::ostringstream what;
+            what << "more than " << activeCapacity << " timeline entries active at time " << t;
+            fail(scriptName_, what.str());
+        }
+        // Stable insertion by order: an equal order stays behind the earlier entries.
+        auto place = std::upper_bound(active_.begin(), active_.end(), entry.order,
+                                      [this](int order, int other) { return order < entries_[other].order; });
+        active_.insert(place, index);
+    }
+}
+
+void Sequencer::releaseEnded(float t) {
+    // A one-shot entry (end -1.0) always qualifies: it is released in its first frame.
+    for (Entry& entry : entries_) {
+        if (!entry.component || entry.end > t) continue;
+        if (--entry.component->useCount == 0) destroy(entry.component);
+        entry.component = nullptr;
+    }
+}
+
+void Sequencer::destroy(Component* component) {
+    auto owned = std::find_if(components_.begin(), components_.end(),
+                              [component](const std::unique_ptr<Component>& held) { return held.get() == component; });
+    if (owned != components_.end()) components_.erase(owned);
+}
+
+void Sequencer::fail(const std::string& where, const std::string& what) const {
+    const std::string message = "Sequencer : " + where + " : " + what;
+    logFramed(message);
+    throw error(message);
+}
+
+}  // namespace vz

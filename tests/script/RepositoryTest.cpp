@@ -1,0 +1,124 @@
+#include "script/Repository.hpp"
+
+#include <gtest/gtest.h>
+
+#include "ScriptTestSupport.hpp"
+#include "script/Keytrack.hpp"
+#include "script/Layer.hpp"
+#include "script/Palette.hpp"
+
+namespace vz {
+namespace {
+
+class RepositoryTest : public ::testing::Test {
+protected:
+    RepositoryTest() { repository.clear(); }
+    ~RepositoryTest() override { repository.clear(); }
+
+    void addLayer(const std::string& name, int w = 4, int h = 2) {
+        repository.add(std::make_unique<Symbol>(std::make_unique<Layer32bpp>(w, h)), name);
+    }
+
+    test::ScratchDir dir;
+    Repository& repository = Repository::instance();
+};
+
+TEST_F(RepositoryTest, InlineConstantsAreAnonymousSymbols) {
+    test::startLog();
+    test::ParsedLine line(
+        "constColor 255 128 0 constFloat 1.0 constFloat 1.0 constInt -7 constVector2 1 2 "
+        "constVector3 1 2 3 constSprite 1 2 3 4");
+    EXPECT_EQ(repository.aquireAs<Color>(line.parser).value, 0x00FF8000u);
+    Symbol* first = repository.aquire(line.parser);
+    Symbol* second = repository.aquire(line.parser);
+    EXPECT_NE(first, second);
+    EXPECT_EQ(first->name(), "dummySymbol");
+    EXPECT_EQ(second->name(), "dummySymbol");
+    EXPECT_FLOAT_EQ(dynamic_cast<KeytrackFloat&>(*second->getData()).sample(123.0f), 1.0f);
+    auto& integer = repository.aquireAs<KeytrackInt>(line.parser);
+    EXPECT_EQ(integer.sample(5.0f), -7);
+    EXPECT_EQ(integer.interpolation, Spline);
+    EXPECT_EQ(integer.times, std::vector<float>{0.0f});
+    EXPECT_FLOAT_EQ(repository.aquireAs<KeytrackVector2>(line.parser).sample(1.0f).y, 2.0f);
+    EXPECT_FLOAT_EQ(repository.aquireAs<KeytrackVector3>(line.parser).sample(1.0f).z, 3.0f);
+    EXPECT_FLOAT_EQ(repository.aquireAs<KeytrackSprite>(line.parser).sample(1.0f).scaleY, 4.0f);
+    EXPECT_EQ(repository.count(), 7);
+    auto lines = test::stopLogAndReadLines();
+    for (const auto& text : lines) EXPECT_EQ(text.find("Repository"), std::string::npos);
+}
+
+TEST_F(RepositoryTest, DuplicateAddKeepsBothAndFindsTheOlder) {
+    test::startLog();
+    addLayer("a", 4, 2);
+    addLayer("a", 8, 8);
+    auto lines = test::stopLogAndReadLines();
+    std::vector<std::string> expected = {"Repository::add a", dashLine, "Repository::add : a already in the repository",
+                                         dashLine, "Repository::add a"};
+    EXPECT_TRUE(test::containsRun(lines, expected));
+    EXPECT_EQ(repository.count(), 2);
+    EXPECT_EQ(repository.aquireAs<Layer>("a").width, 4);
+}
+
+TEST_F(RepositoryTest, LoadDeclaresAndIgnoresRepeatedNames) {
+    addLayer("screen", 32, 20);
+    test::startLog();
+    test::ParsedLine declaration("back Layer32bpp sizeof screen", "a.txt");
+    repository.load(declaration.parser);
+    test::ParsedLine repeated("back Color 1 2 3 4", "b.txt");
+    repository.load(repeated.parser);
+    auto lines = test::stopLogAndReadLines();
+    EXPECT_TRUE(test::containsRun(lines, {"1 - Key [back] - Id [Layer32bpp]"}));
+    EXPECT_TRUE(test::containsRun(lines, {"Repository::loading, symbol already in the repository : back"}));
+    EXPECT_EQ(std::string(repeated.parser.getToken()), "Color");  // nothing more was read
+    EXPECT_EQ(repository.count(), 2);
+    EXPECT_EQ(repository.at(1)->name(), "back");
+    EXPECT_STREQ(repository.at(1)->getData()->kindName(), "Layer32bpp");
+}
+
+TEST_F(RepositoryTest, SubMovesTheLastSymbolIntoTheFreedPlace) {
+    addLayer("a");
+    addLayer("b");
+    addLayer("c");
+    test::startLog();
+    repository.sub("a");
+    repository.sub("zz");
+    auto lines = test::stopLogAndReadLines();
+    ASSERT_EQ(repository.count(), 2);
+    EXPECT_EQ(repository.at(0)->name(), "c");
+    EXPECT_EQ(repository.at(1)->name(), "b");
+    EXPECT_TRUE(test::containsRun(lines, {"Repository::sub a"}));
+    EXPECT_TRUE(test::containsRun(lines, test::framed("unload of an unknow symbol : zz")));
+    repository.sub("b");
+    repository.sub("c");
+    EXPECT_EQ(repository.count(), 0);
+}
+
+TEST_F(RepositoryTest, MissingNamesUnknownKindsAndWrongKindsAreFatal) {
+    addLayer("screen");
+    test::startLog();
+    EXPECT_EQ(test::errorOf([&] { repository.aquire("nope"); }), "Repository::aquire failure");
+    test::ParsedLine name("other");
+    EXPECT_EQ(test::errorOf([&] { repository.aquire(name.parser); }), "Repository::aquire failure");
+    test::ParsedLine declaration("x Bitmap file.pcx", "d.txt");
+    EXPECT_EQ(test::errorOf([&] { repository.load(declaration.parser); }), "unknow ResourceType");
+    EXPECT_EQ(test::errorOf([&] { repository.aquireAs<KeytrackFloat>("screen"); }), "Repository::aquire failure");
+    auto lines = test::stopLogAndReadLines();
+    EXPECT_TRUE(test::containsRun(lines, test::framed("Fatal: nope was not found")));
+    EXPECT_TRUE(test::containsRun(lines, test::framed("Fatal: other was not found")));
+    EXPECT_TRUE(test::containsRun(lines, {"1 - Key [x] - Id [Bitmap]", dashLine, "unknow ResourceType : Bitmap"}));
+    EXPECT_TRUE(test::containsRun(lines, test::framed("Fatal: screen is not a KeytrackFloat")));
+    EXPECT_EQ(repository.count(), 1);
+}
+
+TEST_F(RepositoryTest, StoreHoldsAtMost256Symbols) {
+    for (int i = 0; i < Repository::capacity; ++i) addLayer(std::to_string(i), 1, 1);
+    EXPECT_EQ(test::errorOf([&] { addLayer("more", 1, 1); }), "Repository : more than 256 symbols");
+    test::ParsedLine constant("constInt 3");
+    EXPECT_EQ(test::errorOf([&] { repository.aquire(constant.parser); }), "Repository : more than 256 symbols");
+    test::ParsedLine declaration("z Zbuffer 4 4", "d.txt");
+    EXPECT_EQ(test::errorOf([&] { repository.load(declaration.parser); }), "Repository : more than 256 symbols");
+    EXPECT_EQ(repository.count(), Repository::capacity);
+}
+
+}  // namespace
+}  // namespace vz

@@ -1,0 +1,46 @@
+#pragma once
+// Helpers of the script tests: a parser standing on a line of text, error texts, and
+// runs of log lines.
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "script/TextParser.hpp"
+#include "shell/error.hpp"
+#include "shell/logstream.hpp"
+#include "support/TestSupport.hpp"
+
+namespace vz::test {
+
+// A parser on `text` (written to `fileName` in the current directory), standing on its
+// first line. Needs a ScratchDir.
+class ParsedLine {
+public:
+    explicit ParsedLine(const std::string& text, const std::string& fileName = "line.txt") {
+        writeFile(fileName, text + "\n");
+        parser.open(fileName);
+        parser.nextLine();
+    }
+    TextParser parser;
+};
+
+// The message of the vz::error that `action` raises, or "" when it raises none.
+template <class F>
+std::string errorOf(F&& action) {
+    try {
+        action();
+    } catch (const error& e) {
+        return e.message();
+    }
+    return "";
+}
+
+// True when `expected` appears in `lines` as consecutive lines.
+inline bool containsRun(const std::vector<std::string>& lines, const std::vector<std::string>& expected) {
+    return std::search(lines.begin(), lines.end(), expected.begin(), expected.end()) != lines.end();
+}
+
+// The three lines that frame a message before a fatal error.
+inline std::vector<std::string> framed(const std::string& message) { return {dashLine, message, dashLine}; }
+
+}  // namespace vz::test

@@ -1,0 +1,110 @@
+#include "script/Sequencer.hpp"
+
+#include <algorithm>
+
+#include "tests/script/TimelineProbes.hpp"
+
+namespace vz::test {
+namespace {
+
+using SequencerTest = TimelineTest;
+
+TEST_F(SequencerTest, EntriesRunInsideTheirSpanWithSpeedAndOffset) {
+    auto s = play("record a\n2 5 0 1 0\nrecord b\n1 3 1 2 0\n");
+    EXPECT_EQ(frame(*s, 1.0f), "b@1");
+    EXPECT_EQ(frame(*s, 2.0f), "a@0 b@3");
+    EXPECT_EQ(frame(*s, 3.0f), "a@1 ~b");  // b ends at 3: not run, released
+    EXPECT_EQ(frame(*s, 4.5f), "a@2.5");
+    EXPECT_EQ(frame(*s, 5.0f), "~a");
+}
+
+TEST_F(SequencerTest, OneShotEntriesAreReleasedInTheirFirstFrame) {
+    auto s = play("wait 3\nrecord once\n3 -1 0.5 1 0\nwait 4\nrecord early\n9 -1 0 1 0\n");
+    EXPECT_EQ(frame(*s, 3.0f), "");  // the wait holds up to and including 3
+    EXPECT_EQ(frame(*s, 3.25f), "once@0.75 ~once");
+    EXPECT_EQ(frame(*s, 5.0f), "~early");  // read before its begin: released unrun
+    EXPECT_EQ(frame(*s, 9.0f), "");
+}
+
+TEST_F(SequencerTest, ActiveEntriesRunByOrderAndTiesKeepScriptOrder) {
+    auto s = play("record a\n0 9 0 1 5\nrecord b\n0 9 0 1 1\nrecord c\n0 9 0 1 1\nrecord d\n0 9 0 1 -2\n");
+    EXPECT_EQ(frame(*s, 1.0f), "d@1 b@1 c@1 a@1");
+}
+
+TEST_F(SequencerTest, ReadingStopsAtWaitsNotYetReachedAtWaitFrameAndAtEndDemo) {
+    const std::string script = "record a\n0 9 0 1 0\nwait 4\nrecord b\n0 9 0 1 0\nwaitFrame\n"
+                               "% skipped\nrecord hidden\n0 9 0 1 0\n%\nrecord c\n0 9 0 1 0\nendDemo\nrecord d\n0 9 0 1 0\n";
+    auto late = play(script);
+    EXPECT_EQ(frame(*late, 6.0f), "a@6 b@6");
+    EXPECT_EQ(frame(*late, 6.0f), "a@6 b@6 c@6");
+    EXPECT_TRUE(endOfDemo());
+
+    auto early = play(script);
+    EXPECT_EQ(frame(*early, 0.0f), "");  // time 0 is not after the initial wait time 0
+    EXPECT_EQ(frame(*early, 3.0f), "a@3");
+    EXPECT_EQ(frame(*early, 4.0f), "a@4");
+    EXPECT_EQ(frame(*early, 4.5f), "a@4.5 b@4.5");
+}
+
+TEST_F(SequencerTest, SharedComponentLivesUntilItsLastEntryEnds) {
+    auto s = play("record s\n0 2 0 1 0\n1 4 10 1 0\n");
+    EXPECT_EQ(frame(*s, 1.5f), "s@1.5 s@10.5");
+    EXPECT_EQ(frame(*s, 3.0f), "s@12");
+    EXPECT_EQ(frame(*s, 4.0f), "~s");
+}
+
+TEST_F(SequencerTest, DestructionReleasesEachPlacedComponentOnceThenTheUnplacedOnes) {
+    auto s = play("record unplaced\nrecord twice\n0 9 0 1 0\n0 9 0 1 0\nrecord once\n0 9 0 1 0\n");
+    frame(*s, 1.0f);
+    s.reset();
+    EXPECT_EQ(journal(), (std::vector<std::string>{"~twice", "~once", "~unplaced"}));
+}
+
+TEST_F(SequencerTest, LogsAHeadingPerReadingCallAndOneLinePerEntry) {
+    startLog();
+    auto s = play("record a\n2 -1 0.5 1 3\nwaitFrame\nrecord b\n0 1.25 0 2 -1\n");
+    s->run(1.0f);
+    s->run(1.0f);
+    auto lines = stopLogAndReadLines();
+    const std::vector<std::string> expected{
+        "", "main.txt:", "0 - Key [Recorder] - begin [2] - end [-1] - offset [0.5] - speed [1] - order [3]",
+        "", "main.txt:", "1 - Key [Recorder] - begin [0] - end [1.25] - offset [0] - speed [2] - order [-1]",
+    };
+    EXPECT_NE(std::search(lines.begin(), lines.end(), expected.begin(), expected.end()), lines.end());
+}
+
+TEST_F(SequencerTest, UnknownKeywordIsFramedInTheLogAndFatal) {
+    startLog();
+    EXPECT_EQ(errorMessageOf([&] { play("Tunnel32bpp screen\n")->run(1.0f); }), "unknow Component");
+    EXPECT_EQ(errorMessageOf([&] { play("nullProbe\n")->run(1.0f); }), "unknow Component");
+    EXPECT_EQ(errorMessageOf([&] { play(".5 9 0 1 0\n")->run(1.0f); }), "unknow Component");
+    auto lines = stopLogAndReadLines();
+    auto at = std::find(lines.begin(), lines.end(), "unknow Component : main.txt::Tunnel32bpp");
+    ASSERT_NE(at, lines.end());
+    EXPECT_EQ(*(at - 1), std::string(60, '-'));
+    EXPECT_EQ(*(at + 1), std::string(60, '-'));
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "unknow Component : main.txt::nullProbe"), 1);
+}
+
+TEST_F(SequencerTest, MalformedScriptsAreFatalAndNamed) {
+    auto errorOf = [&](const std::string& script) {
+        return errorMessageOf([&] {
+            auto s = play(script);
+            s->run(1.5f);
+            s->run(2.0f);
+        });
+    };
+    EXPECT_EQ(errorOf("record a\n0 9 0 1 0\nwaitFrame\n1 2 0 1 0\n"),
+              "Sequencer : main.txt:4 : timeline entry without a component");
+    EXPECT_EQ(errorOf("record a\n0 9 0\n"), "Fatal: Parser : there is no tokens lefts in the line");
+
+    std::string tooMany = "record a\n", crowded = "record a\n";
+    for (int i = 0; i <= Sequencer::entryCapacity; ++i) tooMany += "5 6 0 1 0\n";
+    for (int i = 0; i <= Sequencer::activeCapacity; ++i) crowded += "0 9 0 1 0\n";
+    EXPECT_EQ(errorOf(tooMany), "Sequencer : main.txt:258 : more than 256 timeline entries");
+    EXPECT_EQ(errorOf(crowded), "Sequencer : main.txt : more than 64 timeline entries active at time 1.5");
+    EXPECT_EQ(errorMessageOf([] { Sequencer missing("absent.txt"); }), "TextParser can not open file");
+}
+
+}  // namespace
+}  // namespace vz::test

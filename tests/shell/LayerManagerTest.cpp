@@ -1,0 +1,120 @@
+#include "shell/LayerManager.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+
+#include "script/Layer.hpp"
+#include "shell/error.hpp"
+#include "support/TestSupport.hpp"
+
+namespace vz {
+namespace {
+
+const char* const screenSlotError = "LayerManager::findEmptyScreenSlot : Out of empty slots";
+
+std::uintptr_t address(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }
+
+// Installs a manager for the layers built during a test, and removes it afterwards.
+class InstalledManager {
+public:
+    InstalledManager(int smallCount, int screenCount, std::int64_t screenSlotSize) {
+        LayerManager::install(std::make_unique<LayerManager>(smallCount, screenCount, screenSlotSize));
+    }
+    ~InstalledManager() { LayerManager::install(nullptr); }
+    LayerManager* operator->() const { return LayerManager::current(); }
+};
+
+template <class F>
+std::string errorOf(F action) {
+    try {
+        action();
+    } catch (const error& e) {
+        return e.message();
+    }
+    return "";
+}
+
+TEST(LayerManagerTest, LastScreenSlotIsNeverHandedOut) {
+    InstalledManager manager(4, 2, 64 * 40);
+    Layer8bpp first(64, 40);
+    EXPECT_EQ(first.pixels, static_cast<const void*>(manager->screenPool()));
+    EXPECT_EQ(errorOf([] { Layer8bpp second(64, 40); }), screenSlotError);
+    EXPECT_EQ(manager->screenMark(1), 0u);
+}
+
+TEST(LayerManagerTest, ScreenRunScanStopsFourSlotsBeforeTheEnd) {
+    InstalledManager manager(4, 8, 640 * 400);
+    Layer32bpp first(640, 400);
+    EXPECT_EQ(first.pixels, static_cast<const void*>(manager->screenPool()));
+    for (int j = 0; j < 4; ++j) EXPECT_EQ(manager->screenMark(j), 1u);
+    EXPECT_EQ(errorOf([] { Layer32bpp second(640, 400); }), screenSlotError);
+    for (int j = 4; j < 8; ++j) EXPECT_EQ(manager->screenMark(j), 0u);
+}
+
+TEST(LayerManagerTest, TextureSizesTakeAlignedSmallSlots) {
+    InstalledManager manager(16, 2, 320 * 200);
+    Layer8bpp byteTexture(256, 256);
+    Layer32bpp smallWordTexture(128, 128);
+    Layer32bpp wordTexture(256, 256);
+    EXPECT_EQ(address(byteTexture.pixels) % 65536, 0u);
+    EXPECT_EQ(byteTexture.pixels, manager->smallPoolBase());
+    EXPECT_EQ(address(smallWordTexture.pixels), address(manager->smallPoolBase()) + 65536);
+    EXPECT_EQ(address(wordTexture.pixels) % 262144, 0u);
+    EXPECT_TRUE(byteTexture.fromSlots && smallWordTexture.fromSlots && wordTexture.fromSlots);
+
+    // The 256 KiB run starts on the first 256 KiB boundary past the two held slots.
+    int first = static_cast<int>((address(wordTexture.pixels) - address(manager->smallPoolBase())) / 65536);
+    EXPECT_GE(first, 2);
+    EXPECT_LT(first, 6);
+    for (int i = 2; i < first; ++i) EXPECT_EQ(manager->smallMark(i), 0u);
+    for (int i = first; i < first + 4; ++i) EXPECT_EQ(manager->smallMark(i), 3u);
+    EXPECT_EQ(manager->smallMark(first + 4), 0u);
+}
+
+TEST(LayerManagerTest, OtherSizesAreLoggedRawAllocations) {
+    test::ScratchDir dir;
+    InstalledManager manager(4, 2, 320 * 200);
+    test::startLog();
+    { Layer32bpp odd(100, 100); }
+    auto lines = test::stopLogAndReadLines();
+    EXPECT_NE(std::find(lines.begin(), lines.end(), "LayerManager::raw allocation : size = 40000 bytes"), lines.end());
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(manager->smallMark(i), 0u);
+}
+
+TEST(LayerManagerTest, ScreenPoolIsCheckedBeforeTheSmallPool) {
+    LayerManager manager(4, 4, 65536);
+    void* p = manager.allocate(65536);
+    EXPECT_EQ(p, static_cast<const void*>(manager.screenPool()));
+    EXPECT_EQ(manager.screenMark(0), 1u);
+    EXPECT_EQ(manager.smallMark(0), 0u);
+    manager.release(p);
+    EXPECT_EQ(manager.screenMark(0), 0u);
+}
+
+TEST(LayerManagerTest, ReleaseClearsOnlyTheSlotsOfItsOwnAllocation) {
+    LayerManager manager(8, 12, 1000);
+    void* a = manager.allocate(4000);
+    void* b = manager.allocate(4000);
+    manager.release(a);
+    for (int j = 0; j < 4; ++j) EXPECT_EQ(manager.screenMark(j), 0u);
+    for (int j = 4; j < 8; ++j) EXPECT_EQ(manager.screenMark(j), 2u);
+    // Freed slots are reused, with a new mark.
+    EXPECT_EQ(manager.allocate(4000), a);
+    EXPECT_EQ(manager.screenMark(0), 3u);
+    manager.release(b);
+    EXPECT_EQ(manager.screenMark(4), 0u);
+    EXPECT_EQ(manager.screenMark(0), 3u);
+
+    void* x = manager.allocate(65536);
+    void* y = manager.allocate(65536);
+    manager.release(x);
+    EXPECT_EQ(manager.smallMark(0), 0u);
+    EXPECT_EQ(manager.smallMark(1), 2u);
+    manager.release(y);
+    EXPECT_EQ(manager.smallMark(1), 0u);
+}
+
+}  // namespace
+}  // namespace vz
