@@ -10,6 +10,7 @@ namespace vz::assetgen {
 
 namespace {
 std::string number(double v) {
+    if (std::fabs(v) < 0.0005) v = 0.0;  // no "-0.000"
     char text[32];
     std::snprintf(text, sizeof text, "%.3f", v);
     return text;
