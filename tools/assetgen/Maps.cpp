@@ -25,12 +25,10 @@ Palette alphaPalette() {
 IndexedPicture makeTunnelLight() {
     IndexedPicture map(screenW, screenH);
     map.palette = greyPalette();
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x) {
-            const double r = distance(x, y, 320, 200);
-            const double light = 230.0 * (1.0 - std::exp(-r / 85.0)) - 40.0 * smoothstep(300, 380, r);
-            map.at(x, y) = clampByte(light);
-        }
+    paint(map, [](int x, int y) {
+        const double r = distance(x, y, 320, 200);
+        return clampByte(230.0 * (1.0 - std::exp(-r / 85.0)) - 40.0 * smoothstep(300, 380, r));
+    });
     return map;
 }
 
@@ -38,18 +36,16 @@ IndexedPicture makeTunnelLight() {
 IndexedPicture makeSpotLight() {
     IndexedPicture map(screenW, screenH);
     map.palette = greyPalette();
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x)
-            map.at(x, y) = clampByte(255.0 * (1.0 - smoothstep(0, 300, distance(x, y, 240, 160))));
+    paint(map, [](int x, int y) { return clampByte(255.0 * (1.0 - smoothstep(0, 300, distance(x, y, 240, 160)))); });
     return map;
 }
 
 IndexedPicture makeVignetteAlpha() {
     IndexedPicture map(screenW, screenH);
     map.palette = alphaPalette();
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x)
-            map.at(x, y) = uint8_t(std::lround(32.0 * (1.0 - smoothstep(120, 330, distance(x, y, 320, 200)))));
+    paint(map, [](int x, int y) {
+        return uint8_t(std::lround(32.0 * (1.0 - smoothstep(120, 330, distance(x, y, 320, 200)))));
+    });
     return map;
 }
 
@@ -57,11 +53,10 @@ IndexedPicture makeVignetteAlpha() {
 IndexedPicture makeBandsAlpha() {
     IndexedPicture map(screenW, screenH);
     map.palette = alphaPalette();
-    for (int y = 0; y < screenH; ++y) {
+    paint(map, [](int, int y) {
         const int phase = y % 40;
-        const uint8_t a = uint8_t(phase < 20 ? phase * 32 / 19 : (39 - phase) * 32 / 19);
-        for (int x = 0; x < screenW; ++x) map.at(x, y) = a;
-    }
+        return uint8_t(phase < 20 ? phase * 32 / 19 : (39 - phase) * 32 / 19);
+    });
     return map;
 }
 
@@ -69,9 +64,9 @@ IndexedPicture makeBandsAlpha() {
 IndexedPicture makeBallAlpha() {
     IndexedPicture map(64, 64);
     map.palette = alphaPalette();
-    for (int y = 0; y < 64; ++y)
-        for (int x = 0; x < 64; ++x)
-            map.at(x, y) = uint8_t(std::lround(32.0 * (1.0 - smoothstep(20, 31, distance(x + 0.5, y + 0.5, 32, 32)))));
+    paint(map, [](int x, int y) {
+        return uint8_t(std::lround(32.0 * (1.0 - smoothstep(20, 31, distance(x + 0.5, y + 0.5, 32, 32)))));
+    });
     return map;
 }
 
@@ -80,8 +75,7 @@ IndexedPicture makeRadialPattern() {
     IndexedPicture p(screenW, screenH);
     p.palette = greyPalette();
     const double maxR = distance(0, 0, 320, 200);
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x) p.at(x, y) = clampByte(255.0 * distance(x, y, 320, 200) / maxR);
+    paint(p, [maxR](int x, int y) { return clampByte(255.0 * distance(x, y, 320, 200) / maxR); });
     return p;
 }
 
@@ -89,11 +83,10 @@ IndexedPicture makeRadialPattern() {
 IndexedPicture makeDiagonalPattern() {
     IndexedPicture p(screenW, screenH);
     p.palette = greyPalette();
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x) {
-            const int teeth = std::abs((x + y) % 32 - 16) * 2;  // 0..32
-            p.at(x, y) = clampByte((x + y) * 223 / (screenW + screenH - 2) + teeth);
-        }
+    paint(p, [](int x, int y) {
+        const int teeth = std::abs((x + y) % 32 - 16) * 2;  // 0..32
+        return clampByte((x + y) * 223 / (screenW + screenH - 2) + teeth);
+    });
     return p;
 }
 
@@ -104,8 +97,7 @@ IndexedPicture makeNoisePattern() {
     FixedRandom random(0xD155);
     std::vector<uint8_t> blocks(size_t(screenW / 4) * size_t(screenH / 4));
     for (uint8_t& b : blocks) b = uint8_t(random.below(256));
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x) p.at(x, y) = blocks[size_t(y / 4) * size_t(screenW / 4) + size_t(x / 4)];
+    paint(p, [&blocks](int x, int y) { return blocks[size_t(y / 4) * size_t(screenW / 4) + size_t(x / 4)]; });
     return p;
 }
 

@@ -17,8 +17,7 @@ constexpr int screenW = 640, screenH = 400;
 IndexedPicture paletteSwatch(const Palette& palette) {
     IndexedPicture p(256, 256);
     p.palette = palette;
-    for (int y = 0; y < 256; ++y)
-        for (int x = 0; x < 256; ++x) p.at(x, y) = uint8_t((y / 16) * 16 + x / 16);
+    paint(p, [](int x, int y) { return uint8_t((y / 16) * 16 + x / 16); });
     return p;
 }
 
@@ -27,11 +26,10 @@ IndexedPicture paletteSwatch(const Palette& palette) {
 IndexedPicture makeSpiral() {
     IndexedPicture p(screenW, screenH);
     p.palette = rainbowPalette();
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x) {
-            const double a = std::atan2(y - 200.0, x - 320.0) * 128.0 / pi;
-            p.at(x, y) = uint8_t(int(std::floor(distance(x, y, 320, 200) * 1.5 + a * 2.0)) & 255);
-        }
+    paint(p, [](int x, int y) {
+        const double a = std::atan2(y - 200.0, x - 320.0) * 128.0 / pi;
+        return uint8_t(int(std::floor(distance(x, y, 320, 200) * 1.5 + a * 2.0)) & 255);
+    });
     return p;
 }
 
@@ -40,12 +38,11 @@ IndexedPicture makeSpiral() {
 IndexedPicture makePlasma() {
     IndexedPicture p(screenW, screenH);
     p.palette = firePalette();
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x) {
-            const double v = std::sin(x * 0.021) + std::sin(y * 0.027 + 1.3) + std::sin((x + y) * 0.014) +
-                             std::sin(distance(x, y, 420, 150) * 0.03);
-            p.at(x, y) = clampByte((v + 4.0) * 31.9);
-        }
+    paint(p, [](int x, int y) {
+        const double v = std::sin(x * 0.021) + std::sin(y * 0.027 + 1.3) + std::sin((x + y) * 0.014) +
+                         std::sin(distance(x, y, 420, 150) * 0.03);
+        return clampByte((v + 4.0) * 31.9);
+    });
     return p;
 }
 

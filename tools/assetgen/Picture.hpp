@@ -51,6 +51,13 @@ inline Rgb mix(Rgb a, Rgb b, double f) {
             clampByte(a.b + (b.b - a.b) * f)};
 }
 
+// Sets every pixel of the picture to f(x, y).
+template <class Picture, class F>
+void paint(Picture& picture, F f) {
+    for (int y = 0; y < picture.height; ++y)
+        for (int x = 0; x < picture.width; ++x) picture.at(x, y) = f(x, y);
+}
+
 // A palette whose entries first..last run through the given colour stops, evenly spaced.
 void fillGradient(Palette& palette, int first, int last, const std::vector<Rgb>& stops);
 

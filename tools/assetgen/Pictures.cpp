@@ -51,11 +51,10 @@ RgbPicture makeTileTexture() {
 IndexedPicture makePlasmaTexture() {
     IndexedPicture tex(256, 256);
     tex.palette = tunnelPlasmaPalette();
-    for (int y = 0; y < 256; ++y)
-        for (int x = 0; x < 256; ++x) {
-            const double v = wave256(x, 2) + wave256(y, 3) + wave256(x + y, 1) + wave256(x * 2 - y, 1);
-            tex.at(x, y) = uint8_t(int(std::floor((v + 4.0) * 32.0 * 2.0)) & 255);
-        }
+    paint(tex, [](int x, int y) {
+        const double v = wave256(x, 2) + wave256(y, 3) + wave256(x + y, 1) + wave256(x * 2 - y, 1);
+        return uint8_t(int(std::floor((v + 4.0) * 32.0 * 2.0)) & 255);
+    });
     return tex;
 }
 
@@ -64,13 +63,12 @@ IndexedPicture makeGridTexture() {
     IndexedPicture tex(256, 256);
     fillGradient(tex.palette, 0, 63, {{0, 10, 20}, {0, 40, 60}});
     fillGradient(tex.palette, 64, 255, {{0, 60, 80}, {40, 255, 160}, {255, 255, 255}});
-    for (int y = 0; y < 256; ++y)
-        for (int x = 0; x < 256; ++x) {
-            const int dx = std::abs((x % 32) - 16), dy = std::abs((y % 32) - 16);
-            const int line = std::max(dx, dy);  // 16 on the grid line, 0 in the cell centre
-            const int checker = ((x / 32) + (y / 32)) % 2;
-            tex.at(x, y) = uint8_t(line >= 14 ? 64 + (line - 13) * 60 : checker * 40 + line);
-        }
+    paint(tex, [](int x, int y) {
+        const int dx = std::abs((x % 32) - 16), dy = std::abs((y % 32) - 16);
+        const int line = std::max(dx, dy);  // 16 on the grid line, 0 in the cell centre
+        const int checker = ((x / 32) + (y / 32)) % 2;
+        return uint8_t(line >= 14 ? 64 + (line - 13) * 60 : checker * 40 + line);
+    });
     return tex;
 }
 
@@ -104,15 +102,14 @@ RgbPicture makeSunsetPicture() {
 // Two interfering ring systems in colour, for the BMP picture.
 RgbPicture makeInterferencePicture() {
     RgbPicture pic(screenW, screenH);
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x) {
-            const double a = std::sin(distance(x, y, 200, 150) * 0.11);
-            const double b = std::sin(distance(x, y, 460, 260) * 0.09);
-            const double v = (a + b) * 0.25 + 0.5;
-            const double fade = 1.0 - 0.6 * smoothstep(200, 420, distance(x, y, 320, 200));
-            pic.at(x, y) = {clampByte(255 * v * fade), clampByte((80 + 175 * (1 - v)) * fade * 0.8),
-                            clampByte((120 + 135 * a * b) * fade)};
-        }
+    paint(pic, [](int x, int y) {
+        const double a = std::sin(distance(x, y, 200, 150) * 0.11);
+        const double b = std::sin(distance(x, y, 460, 260) * 0.09);
+        const double v = (a + b) * 0.25 + 0.5;
+        const double fade = 1.0 - 0.6 * smoothstep(200, 420, distance(x, y, 320, 200));
+        return Rgb{clampByte(255 * v * fade), clampByte((80 + 175 * (1 - v)) * fade * 0.8),
+                   clampByte((120 + 135 * a * b) * fade)};
+    });
     return pic;
 }
 
