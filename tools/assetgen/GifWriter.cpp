@@ -98,7 +98,7 @@ Bytes encodeGif(const IndexedPicture& picture) {
     put16le(out, unsigned(h));
     put8(out, 0xF7);  // global table, 8-bit colour resolution, 2^(7+1) entries
     put8(out, 0);     // background colour index
-    put8(out, 0);     // no aspect ratio
+    put8(out, 0);     // square pixels
     for (const Rgb& c : picture.palette) {
         put8(out, c.r);
         put8(out, c.g);
