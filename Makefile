@@ -5,7 +5,7 @@ BUILD_FUZZ   ?= build-fuzz
 JOBS         ?= $(shell nproc)
 CMAKE_FLAGS  ?=
 
-.PHONY: all build run test test-sanitize bench fuzz docs clean deps deps-test
+.PHONY: all build run test test-sanitize bench fuzz docs assets clean deps deps-test
 
 all: build
 
@@ -48,6 +48,12 @@ fuzz:
 
 docs: build
 	@cmake --build $(BUILD) --target docs
+
+# Regenerates the bundled demo's pictures, key files and music in demos/sample.
+assets: deps
+	@cmake -S . -B $(BUILD) -DCMAKE_BUILD_TYPE=Release $(CMAKE_FLAGS) >/dev/null
+	@cmake --build $(BUILD) -j $(JOBS) --target make_sample_assets
+	@$(BUILD)/tools/make_sample_assets demos/sample
 
 clean:
 	rm -rf $(BUILD) $(BUILD_ASAN) $(BUILD_FUZZ)
