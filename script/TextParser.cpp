@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <exception>
 
 #include "shell/error.hpp"
 #include "shell/logstream.hpp"
@@ -45,8 +46,9 @@ void TextParser::open(const std::string& name) {
 void TextParser::close() {
     if (!file_.isOpen()) return;
     file_.close();
-    // Errors from here on belong to whatever was being read before this file.
-    locationText() = previousLocation_;
+    // Errors from here on belong to whatever was being read before this file; but while
+    // an error unwinds through the reader, the place where it happened stays recorded.
+    if (std::uncaught_exceptions() == 0) locationText() = previousLocation_;
 }
 
 bool TextParser::readLine() {
