@@ -92,7 +92,7 @@ TEST(PlayerRun, ComponentListingOnStandardOutput) {
     RunResult run = runPlayer({"--list-components"}, dir.path().string());
     EXPECT_EQ(run.status, 0);
     // The same listing as the log's: count, heading, then four lines per keyword.
-    EXPECT_EQ(run.standardOutput.substr(0, 146),
+    EXPECT_EQ(run.standardOutput.substr(0, 145),
               "\ndebug: Sequencer Factory: 146 Components already registered\n"
               "debug: Sequencer Factory: Components list :\n\nComponent symbol: composite\n\tDescriptio");
 }
