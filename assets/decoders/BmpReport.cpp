@@ -47,13 +47,18 @@ void printBmpHeaderReport(const BmpHeader& h, int level) {
         std::printf("\nColors ............... : %d", static_cast<int>(h.colorsUsed));
         std::printf("\nImportant Colors ..... : %d\n", static_cast<int>(h.colorsImportant));
     }
+    std::fflush(stdout);
 }
 
 void printBmpUnsupportedType(const std::string& fileName) {
     std::printf("\n\nError : Unsupported file format.");
     std::printf("\n\nFile : %s\n\n", fileName.c_str());
+    std::fflush(stdout);
 }
 
-void printBmpUnsupportedBitCount() { std::printf("\nError : Unsupported biBitCount.\n\n"); }
+void printBmpUnsupportedBitCount() {
+    std::printf("\nError : Unsupported biBitCount.\n\n");
+    std::fflush(stdout);
+}
 
 }  // namespace vz
