@@ -12,6 +12,8 @@ constexpr std::size_t headerSize = 128;
 // The longest run is 63 bytes, so a run starting on the last pixel ends 62 bytes past
 // the picture. Runs are not cut at the end: they land in this margin.
 constexpr std::size_t runMargin = 63;
+// The most pixels one byte of data can stand for (a two-byte run of 63).
+constexpr std::size_t maxPixelsPerByte = 32;
 
 bool headerAccepted(std::span<const std::uint8_t> header) {
     return header[0] == 10 && header[1] == 5 && header[2] != 0 && header[3] == 8;
@@ -58,6 +60,8 @@ DecodeStatus decodePcx(std::span<const std::uint8_t> file, IndexedPicture& pictu
     picture.width = static_cast<int>(width);
     picture.height = static_cast<int>(height);
     std::size_t count = static_cast<std::size_t>(width * height);
+    // A file too short to hold the picture is refused before its buffer is made.
+    if (count > reader.remaining() * maxPixelsPerByte) return DecodeStatus::truncated;
     picture.indices.assign(count + runMargin, 0);
     if (!decodeRuns(reader, picture.indices.data(), picture.indices.data() + count)) return DecodeStatus::truncated;
     picture.indices.resize(count);

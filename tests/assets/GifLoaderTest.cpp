@@ -39,24 +39,17 @@ TEST(GifLoader, DecodesWhatTheEncoderWrote) {
     EXPECT_EQ(layer32->pixels[299 * 200 + 17], wide[299 * 200 + 17] * 0x010101u);
 
     const Bytes few = noisyIndices(64 * 64, 4, 2);
-    GifLayout small;
-    small.minimumCodeSize = 2;
-    writeBytes("few.gif", makeGif(64, 64, few, greyTable(4), small));
+    writeBytes("few.gif", makeGif(64, 64, few, greyTable(4), {.minimumCodeSize = 2}));
     EXPECT_EQ(layerBytes(*ImageLoader::LoadLayer8bpp("few.gif")), few);
 }
 
 TEST(GifLoader, LayerHasTheScreenSizeAndTheImageIsWrittenRowAfterRow) {
     ScratchDir dir;
-    GifLayout bigScreen;
-    bigScreen.screenWidth = 4;
-    bigScreen.screenHeight = 3;
-    writeBytes("small.gif", makeGif(2, 2, {1, 2, 3, 4}, greyTable(8), bigScreen));
+    writeBytes("small.gif", makeGif(2, 2, {1, 2, 3, 4}, greyTable(8), {.screenWidth = 4, .screenHeight = 3}));
     EXPECT_EQ(layerBytes(*ImageLoader::LoadLayer8bpp("small.gif")), (Bytes{1, 2, 3, 4, 0, 0, 0, 0, 0, 0, 0, 0}));
 
-    GifLayout smallScreen;
-    smallScreen.screenWidth = 2;
-    smallScreen.screenHeight = 2;
-    writeBytes("big.gif", makeGif(3, 3, {1, 2, 3, 4, 5, 6, 7, 1, 2}, greyTable(8), smallScreen));
+    writeBytes("big.gif",
+               makeGif(3, 3, {1, 2, 3, 4, 5, 6, 7, 1, 2}, greyTable(8), {.screenWidth = 2, .screenHeight = 2}));
     auto clipped = ImageLoader::LoadLayer32bpp("big.gif");
     EXPECT_EQ(std::vector<Rgb>(clipped->pixels, clipped->pixels + 4),
               (std::vector<Rgb>{0x010101, 0x020202, 0x030303, 0x040404}));
@@ -68,18 +61,14 @@ TEST(GifLoader, LayerHasTheScreenSizeAndTheImageIsWrittenRowAfterRow) {
 
 TEST(GifLoader, InterlacedRowsStayInTheOrderDecoded) {
     ScratchDir dir;
-    GifLayout interlaced;
-    interlaced.interlaced = true;
     const Bytes passOrder = {0, 4, 2, 6, 1, 3, 5, 7};  // rows 0..7 as an interlacing encoder sends them
-    writeBytes("lace.gif", makeGif(1, 8, passOrder, greyTable(8), interlaced));
+    writeBytes("lace.gif", makeGif(1, 8, passOrder, greyTable(8), {.interlaced = true}));
     EXPECT_EQ(layerBytes(*ImageLoader::LoadLayer8bpp("lace.gif")), passOrder);
 }
 
 TEST(GifLoader, SixteenColourTableIsReadAs256Entries) {
     ScratchDir dir;
-    GifLayout sixteen;
-    sixteen.globalTableEntries = 16;
-    Bytes file = makeGif(2, 1, {1, 2}, greyTable(16), sixteen);
+    Bytes file = makeGif(2, 1, {1, 2}, greyTable(16), {.globalTableEntries = 16});
     writeBytes("cut16.gif", file);
     // Too short to hold 256 entries: the table read runs into the end of the file.
     EXPECT_EQ(failureLog([] { ImageLoader::LoadLayer8bpp("cut16.gif"); }, "loadGif error : data ends early in cut16.gif"),
@@ -114,7 +103,6 @@ TEST(GifLoader, BadFilesGiveTheStepAndTheFile) {
         return file;
     };
     writeBytes("sig.gif", Bytes{'G', 'I', 'X', '8', '9', 'a', 4, 0, 4, 0, 0, 0, 0});
-    writeBytes("tiny.gif", Bytes{'G', 'I', 'F', '8'});
     writeBytes("zero.gif", Bytes{'G', 'I', 'F', '8', '9', 'a', 0, 0, 4, 0, 0, 0, 0});
     Bytes trailer = start;
     trailer.push_back(0x3B);
@@ -126,7 +114,6 @@ TEST(GifLoader, BadFilesGiveTheStepAndTheFile) {
     const auto sizeFrame = [](const char* f) { return framed(std::string("loadGif error in get_size, the file was : ") + f); };
     const auto readFrame = [](const char* f) { return framed(std::string("loadGif error in read_gif, the file was : ") + f); };
     EXPECT_EQ(failureLog([] { ImageLoader::LoadLayer32bpp("sig.gif"); }, "loadGif error"), sizeFrame("sig.gif"));
-    EXPECT_EQ(failureLog([] { ImageLoader::LoadLayer8bpp("tiny.gif"); }, "loadGif error"), sizeFrame("tiny.gif"));
     EXPECT_EQ(failureLog([] { ImageLoader::LoadLayer8bpp("none.gif"); }, "loadGif error"), sizeFrame("none.gif"));
     EXPECT_EQ(failureLog([] { ImageLoader::LoadLayer8bpp("zero.gif"); },
                          "loadGif error : picture size out of range in zero.gif"),
