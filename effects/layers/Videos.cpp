@@ -49,9 +49,7 @@ public:
           image_(resourceParam<Layer32bpp>(parser)),
           strip_(image_, numFramesParam(parser, "playVideo32bpp")),
           frame_(resourceParam<KeytrackInt>(parser)),
-          rendu_(resourceParam<KeytrackInt>(parser)) {
-        requireDistinct(target_, image_, "playVideo32bpp");
-    }
+          rendu_(resourceParam<KeytrackInt>(parser)) {}
 
     void run(float localTime) override {
         playFrame(target_, image_, strip_, frame_.sample(localTime), sampleRendu(rendu_, localTime));

@@ -27,6 +27,8 @@ struct FilmStrip {
 };
 
 // Frame `trackValue` of a 32-bit strip copied onto the target's first pixels with `rendu`.
+// The strip may be the target itself: frame 0 then lands on itself and any other frame
+// lies wholly after the pixels it covers.
 void playFrame(Layer32bpp& target, const Layer32bpp& image, const FilmStrip& strip, int trackValue, int rendu);
 // Frame `trackValue` of an 8-bit strip through the palette colours.
 void playFrame(Layer32bpp& target, const Layer8bpp& image, const std::uint32_t* palette, const FilmStrip& strip,
