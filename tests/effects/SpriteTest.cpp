@@ -121,6 +121,19 @@ TEST_F(Sprites, EmptyOrNegativeScalesDrawNothing) {
     }
 }
 
+TEST_F(Sprites, ExtremeTracksStayInsideBothPictures) {
+    Layer32bpp& screen = addLayer32("screen", 8, 8);
+    addPicture("pic", 3, 3, {1, 2, 3, 4, 5, 6, 7, 8, 9});
+    // Tiny, huge and odd scales and far positions: whatever is drawn comes from the picture.
+    for (const char* key : {"0 0 1e30 1e30", "0 0 1e-30 1", "1e30 0 1 1", "-1e30 -1e30 2 2", "0 0 0.3333333 7.1",
+                            "0.1 -0.9 100000 0.001"}) {
+        auto sprite = make(std::string("spriteKeytrack32bpp screen pic constSprite ") + key + " constInt 32");
+        sprite->run(0);
+        sprite->run(0);
+        for (int i = 0; i < 64; ++i) ASSERT_LT(screen.pixels[i], 10u) << key;
+    }
+}
+
 TEST_F(Sprites, RenduAppliesToNonBlackPixelsOnly) {
     Layer32bpp& screen = addLayer32("screen", 4, 2, 0x00202020);
     addPicture("pic", 2, 1, {0x00101010, 0});
