@@ -1,21 +1,249 @@
-// Picture decoding is not built yet: every entry point says so with a clear error.
+// Picture files to layers and palettes. The file is read whole through File (disk or
+// archive), the decoder chosen by the extension works on the bytes, and this file turns
+// the result into the object asked for and reports every failure.
 #include "assets/ImageLoader.hpp"
 
+#include <algorithm>
+#include <array>
+#include <cstring>
+
+#include "assets/File.hpp"
+#include "assets/PictureConversions.hpp"
+#include "assets/decoders/BmpDecoder.hpp"
+#include "assets/decoders/BmpReport.hpp"
+#include "assets/decoders/GifDecoder.hpp"
+#include "assets/decoders/JpegDecoder.hpp"
+#include "assets/decoders/PcxDecoder.hpp"
+#include "assets/decoders/PictureSize.hpp"
 #include "script/Layer.hpp"
 #include "script/Palette.hpp"
 #include "shell/error.hpp"
+#include "shell/logstream.hpp"
 
 namespace vz::ImageLoader {
 
 namespace {
-[[noreturn]] void notBuilt(const char* entry, const std::string& fileName) {
-    throw error(std::string(entry) + " : picture loading is not available yet (" + fileName + ")");
+
+enum class Format { pcx, gif, bmp, jpg, unknown };
+
+// The extension is everything after the first dot, compared exactly: "LOGO.PCX" and
+// "scene.v2.pcx" have no known extension.
+Format formatOf(const std::string& fileName) {
+    static constexpr std::array<const char*, 4> extensions = {"pcx", "gif", "bmp", "jpg"};
+    std::size_t dot = fileName.find('.');
+    if (dot == std::string::npos) return Format::unknown;
+    const char* extension = fileName.c_str() + dot + 1;
+    for (std::size_t i = 0; i < extensions.size(); ++i)
+        if (std::strcmp(extension, extensions[i]) == 0) return static_cast<Format>(i);
+    return Format::unknown;
 }
+
+// A decoder failure: the log names the decoder and the file between dash lines, the
+// exception carries the short text. Damage found by our own checks (a cut file, a lying
+// size) adds the reason and the file name to the short text.
+struct FailureTexts {
+    const char* log;
+    const char* exception;
+};
+
+constexpr FailureTexts pcxLayerFailure{"loadPcx error, the file was : ", "loadPcx error"};
+constexpr FailureTexts pcxPaletteFailure{"loadPalettePcx error, the file was : ", "loadPalettePcx error"};
+constexpr FailureTexts bmpFailure{"loadBmp error, the file was : ", "loadBmp error"};
+
+struct GifFailureTexts {
+    FailureTexts sizeQuery;
+    FailureTexts read;
+};
+
+constexpr GifFailureTexts gifLayerFailure{{"loadGif error in get_size, the file was : ", "loadGif error"},
+                                          {"loadGif error in read_gif, the file was : ", "loadGif error"}};
+constexpr GifFailureTexts gifPaletteFailure{{"loadPaletteGif error in get_size, the file was : ", "loadPaletteGif error"},
+                                            {"loadGif error in read_gif, the file was : ", "loadPaletteGif error"}};
+
+[[noreturn]] void fail(const FailureTexts& texts, const std::string& fileName, const char* reason = nullptr) {
+    logFramed(texts.log + fileName);
+    if (!reason) throw error(texts.exception);
+    throw error(std::string(texts.exception) + " : " + reason + " in " + fileName);
+}
+
+// Unknown extension: the log text is followed by the file name; the exception has the
+// text without its trailing " :".
+[[noreturn]] void failUnknownExtension(const char* entryPoint, const std::string& fileName) {
+    const std::string text = std::string("ImageLoader::") + entryPoint + " : unknow file extention";
+    logFramed(text + " :" + fileName);
+    throw error(text);
+}
+
+// ---- PCX ----
+
+IndexedPicture loadPcx(const std::string& fileName, const FailureTexts& texts) {
+    std::vector<std::uint8_t> bytes;
+    if (!readWholeFile(fileName, bytes)) fail(texts, fileName);
+    IndexedPicture picture;
+    DecodeStatus status = decodePcx(bytes, picture);
+    if (status != DecodeStatus::ok) fail(texts, fileName, damageReason(status));
+    return picture;
+}
+
+// ---- GIF: the buffer is sized by the logical screen, the image descriptor gives the
+// pixels written into it. ----
+
+struct GifFile {
+    std::vector<std::uint8_t> bytes;
+    GifScreen screen;
+};
+
+GifFile openGif(const std::string& fileName, const GifFailureTexts& texts) {
+    GifFile gif;
+    GifSizeResult result =
+        readWholeFile(fileName, gif.bytes) ? queryGifSize(gif.bytes, gif.screen) : GifSizeResult::openFailed;
+    if (result != GifSizeResult::ok) fail(texts.sizeQuery, fileName);
+    if (!pictureSizeAccepted(gif.screen.width, gif.screen.height))
+        fail(texts.sizeQuery, fileName, damageReason(DecodeStatus::badSize));
+    return gif;
+}
+
+std::size_t screenPixels(const GifFile& gif) {
+    return static_cast<std::size_t>(gif.screen.width) * static_cast<std::size_t>(gif.screen.height);
+}
+
+// Decodes into destination (screen-sized); returns the image's palette.
+Palette256 decodeGifInto(const GifFile& gif, std::uint8_t* destination, const std::string& fileName,
+                         const GifFailureTexts& texts) {
+    std::fill(destination, destination + screenPixels(gif), std::uint8_t{0});
+    GifImage image;
+    GifResult result = decodeGif(gif.bytes, destination, screenPixels(gif), image);
+    if (result != GifResult::ok) fail(texts.read, fileName, gifDamageReason(result));
+    return image.palette;
+}
+
+// ---- BMP ----
+
+BmpPicture loadBmp(const std::string& fileName) {
+    std::vector<std::uint8_t> bytes;
+    if (!readWholeFile(fileName, bytes)) fail(bmpFailure, fileName);
+    BmpHeader header;
+    DecodeStatus status = readBmpHeader(bytes, header);
+    if (status == DecodeStatus::rejected) printBmpUnsupportedType(fileName);
+    if (status != DecodeStatus::ok) fail(bmpFailure, fileName, damageReason(status));
+    printBmpHeaderReport(header, quietReportLevel);
+    if (!bmpBitCountSupported(header)) {
+        printBmpUnsupportedBitCount();
+        fail(bmpFailure, fileName);
+    }
+    BmpPicture picture;
+    status = decodeBmpPixels(bytes, header, picture);
+    if (status != DecodeStatus::ok) fail(bmpFailure, fileName, damageReason(status));
+    return picture;
+}
+
+// ---- JPEG ----
+
+std::unique_ptr<Layer32bpp> loadJpg(const std::string& fileName) {
+    std::vector<std::uint8_t> bytes;
+    readWholeFile(fileName, bytes);  // a file that cannot be opened has no header to read
+    JpegPicture picture;
+    switch (decodeJpeg(bytes, picture)) {
+    case JpegResult::initFailed:
+        logout() << "Cannot initialize Intel JPEG library\n" << lend;
+        return nullptr;
+    case JpegResult::headerFailed:
+        logout() << "Cannot read JPEG file header from " << fileName << lend;
+        throw error("loadJpg error");
+    case JpegResult::badSize:
+        logout() << "Cannot read JPEG file header from " << fileName << lend;
+        throw error(std::string("loadJpg error : ") + damageReason(DecodeStatus::badSize) + " in " + fileName);
+    case JpegResult::dataFailed:
+        logout() << "Cannot read image data from " << fileName << lend;
+        throw error("loadJpg error");
+    case JpegResult::ok: break;
+    }
+    // Consecutive 3-byte groups with no regard to the row padding: widths whose rows are
+    // not a multiple of 4 bytes come out sheared, as they always have. Freeing the
+    // library's state cannot fail here, so that failure has no message to give.
+    auto layer = std::make_unique<Layer32bpp>(picture.width, picture.height);
+    pixelsFromByteTriples(picture.samples.data(), static_cast<std::size_t>(layer->pixelCount()), layer->pixels);
+    return layer;
+}
+
+std::unique_ptr<Layer32bpp> layerFromIndices(const std::uint8_t* indices, int width, int height,
+                                             const Palette256& palette) {
+    auto layer = std::make_unique<Layer32bpp>(width, height);
+    expandThroughPalette(indices, static_cast<std::size_t>(layer->pixelCount()), palette, layer->pixels);
+    return layer;
+}
+
 }  // namespace
 
-std::unique_ptr<Layer32bpp> LoadLayer32bpp(const std::string& f) { notBuilt("ImageLoader::LoadLayer32bpp", f); }
-std::unique_ptr<Layer8bpp> LoadLayer8bpp(const std::string& f) { notBuilt("ImageLoader::LoadLayer8bpp", f); }
-std::unique_ptr<Palette> LoadPalette(const std::string& f) { notBuilt("ImageLoader::LoadPalette", f); }
-std::unique_ptr<LayerRle> LoadLayerRle(const std::string& f) { notBuilt("ImageLoader::LoadLayerRle", f); }
+std::unique_ptr<Layer32bpp> LoadLayer32bpp(const std::string& fileName) {
+    switch (formatOf(fileName)) {
+    case Format::pcx: {
+        IndexedPicture picture = loadPcx(fileName, pcxLayerFailure);
+        return layerFromIndices(picture.indices.data(), picture.width, picture.height, picture.palette);
+    }
+    case Format::gif: {
+        GifFile gif = openGif(fileName, gifLayerFailure);
+        std::vector<std::uint8_t> indices(screenPixels(gif));
+        Palette256 palette = decodeGifInto(gif, indices.data(), fileName, gifLayerFailure);
+        return layerFromIndices(indices.data(), gif.screen.width, gif.screen.height, palette);
+    }
+    case Format::bmp: {
+        // Every depth is decoded to whole pixels, so palette files give their picture too.
+        BmpPicture picture = loadBmp(fileName);
+        auto layer = std::make_unique<Layer32bpp>(picture.width, picture.height);
+        std::copy(picture.pixels.begin(), picture.pixels.end(), layer->pixels);
+        return layer;
+    }
+    case Format::jpg: return loadJpg(fileName);
+    case Format::unknown: break;
+    }
+    failUnknownExtension("LoadLayer32bpp", fileName);
+}
+
+std::unique_ptr<Layer8bpp> LoadLayer8bpp(const std::string& fileName) {
+    switch (formatOf(fileName)) {
+    case Format::pcx: {
+        IndexedPicture picture = loadPcx(fileName, pcxLayerFailure);
+        auto layer = std::make_unique<Layer8bpp>(picture.width, picture.height);
+        std::copy(picture.indices.begin(), picture.indices.end(), layer->pixels);
+        return layer;
+    }
+    case Format::gif: {
+        GifFile gif = openGif(fileName, gifLayerFailure);
+        auto layer = std::make_unique<Layer8bpp>(gif.screen.width, gif.screen.height);
+        decodeGifInto(gif, layer->pixels, fileName, gifLayerFailure);
+        return layer;
+    }
+    default: break;
+    }
+    failUnknownExtension("LoadLayer8bpp", fileName);
+}
+
+std::unique_ptr<Palette> LoadPalette(const std::string& fileName) {
+    auto palette = std::make_unique<Palette>();
+    switch (formatOf(fileName)) {
+    case Format::pcx: palette->colors = loadPcx(fileName, pcxPaletteFailure).palette; return palette;
+    case Format::gif: {
+        // The palette comes with a full decode, so a damaged picture fails here too.
+        GifFile gif = openGif(fileName, gifPaletteFailure);
+        std::vector<std::uint8_t> indices(screenPixels(gif));
+        palette->colors = decodeGifInto(gif, indices.data(), fileName, gifPaletteFailure);
+        return palette;
+    }
+    default: break;
+    }
+    failUnknownExtension("LoadPalette", fileName);
+}
+
+std::unique_ptr<LayerRle> LoadLayerRle(const std::string& fileName) {
+    if (formatOf(fileName) != Format::pcx) {
+        // The log line has always spelt the entry point "LoadLayeRle"; the exception does not.
+        logFramed("ImageLoader::LoadLayeRle : we support only pcx files! :" + fileName);
+        throw error("ImageLoader::LoadLayerRle : we support only pcx files!");
+    }
+    IndexedPicture picture = loadPcx(fileName, pcxLayerFailure);
+    return std::make_unique<LayerRle>(picture.width, picture.height,
+                                      packRuns(picture.indices.data(), picture.width, picture.height));
+}
 
 }  // namespace vz::ImageLoader

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <cstring>
+#include <exception>
 
 #include "shell/error.hpp"
 #include "shell/logstream.hpp"
@@ -34,14 +35,20 @@ void TextParser::open(const std::string& name) {
     std::memset(line_, 0, sizeof line_);
     cursor_ = line_;
     lastToken_ = "";
+    previousLocation_ = locationText();
     if (!file_.open(name)) {
+        locationText() = name;
         logFramed("Fatal: Parser : open failure of " + name);
         throw error("TextParser can not open file");
     }
 }
 
 void TextParser::close() {
-    if (file_.isOpen()) file_.close();
+    if (!file_.isOpen()) return;
+    file_.close();
+    // Errors from here on belong to whatever was being read before this file; but while
+    // an error unwinds through the reader, the place where it happened stays recorded.
+    if (std::uncaught_exceptions() == 0) locationText() = previousLocation_;
 }
 
 bool TextParser::readLine() {

@@ -46,6 +46,7 @@ private:
     char line_[lineCapacity + 1] = {};
     File file_;
     std::string name_;
+    std::string previousLocation_;
     int lineNumber_ = 0;
     bool lineFinished_ = true;  // the previous read ended on a line feed
 };

@@ -19,6 +19,7 @@ namespace vz::test {
 RunResult runPlayer(const std::vector<std::string>& args, const std::string& cwd,
                     const std::vector<std::string>& environment) {
     std::string errFile = cwd + "/.player-stderr";
+    std::string outFile = cwd + "/.player-stdout";
     std::vector<std::string> argv{VZ_PLAYER_PATH};
     argv.insert(argv.end(), args.begin(), args.end());
     std::vector<char*> cargv;
@@ -35,6 +36,7 @@ RunResult runPlayer(const std::vector<std::string>& args, const std::string& cwd
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addchdir_np(&actions, cwd.c_str());
     posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
     pid_t pid;
     if (posix_spawn(&pid, argv[0].c_str(), &actions, nullptr, cargv.data(), cenv.data()) != 0)
@@ -45,7 +47,9 @@ RunResult runPlayer(const std::vector<std::string>& args, const std::string& cwd
     RunResult result;
     result.status = WIFEXITED(wstatus) ? WEXITSTATUS(wstatus) : 128 + WTERMSIG(wstatus);
     result.standardError = readFile(errFile);
+    result.standardOutput = readFile(outFile);
     std::remove(errFile.c_str());
+    std::remove(outFile.c_str());
     return result;
 }
 

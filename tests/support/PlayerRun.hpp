@@ -10,6 +10,7 @@ namespace vz::test {
 struct RunResult {
     int status = -1;
     std::string standardError;
+    std::string standardOutput;
 };
 
 // Runs VZ_PLAYER_PATH with `args` in directory `cwd` (environment extras as NAME=VALUE).

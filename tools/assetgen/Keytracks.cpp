@@ -81,6 +81,22 @@ void addKeytracks(AssetList& assets) {
                               {{{0}, 0}, {{16}, 1.6}}, true));
     add("rotate.txt", keyFile("int palette rotation: 0 -> 256 every 5.12 s", "linear", 1.0,
                               {{{0}, 0}, {{256}, 5.12}}, true));
+    add("rendu_cycle.txt", keyFile("int rendu: one blend mode per beat: normal, glenz 25/50/75, level 12, add, sub, "
+                                   "addnosat",
+                                   "square", 0.48,
+                                   {{{32}, 0}, {{8}, 1}, {{16}, 2}, {{24}, 3}, {{12}, 4}, {{33}, 5}, {{34}, 6},
+                                    {{35}, 7}, {{32}, 8}},
+                                   true));
+    add("blur_radius.txt", keyFile("int blur radius: 1 -> 24 -> 1 every 3.84 s", "cosinus", 1.0,
+                                   {{{1}, 0}, {{24}, 1.92}, {{1}, 3.84}}, true));
+    add("scroll_x.txt", keyFile("int horizontal scroll in pixels: 0 -> 512 every 7.68 s", "linear", 1.0,
+                                {{{0}, 0}, {{512}, 7.68}}, true));
+    add("scroll_y.txt", keyFile("int vertical scroll in pixels: a swing of -10 .. 200", "cosinus", 1.0,
+                                {{{-10}, 0}, {{200}, 3.84}, {{-10}, 7.68}}, true));
+    add("wobble.txt", keyFile("float amplitude: 0 -> 24 -> 0 every 3.84 s", "cosinus", 1.0,
+                              {{{0}, 0}, {{24}, 1.92}, {{0}, 3.84}}));
+    add("zoom_pulse.txt", keyFile("float zoom factor: 1.0 -> 1.06 on each beat", "cosinus", 0.48,
+                                  {{{1.0}, 0}, {{1.06}, 0.5}, {{1.0}, 1}}));
 }
 
 }  // namespace vz::assetgen

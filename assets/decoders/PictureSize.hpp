@@ -1,0 +1,21 @@
+#pragma once
+// The one size rule for decoded pictures: a picture is accepted when a layer of its size
+// could be made. Decoders test it before they allocate, so a file claiming a huge size
+// fails cleanly instead of asking for gigabytes.
+#include <cstdint>
+
+#include "script/Layer.hpp"
+#include "shell/error.hpp"
+
+namespace vz {
+
+inline bool pictureSizeAccepted(std::int64_t width, std::int64_t height) {
+    try {
+        Layer::checkSize("picture", width, height);
+        return true;
+    } catch (const error&) {
+        return false;
+    }
+}
+
+}  // namespace vz

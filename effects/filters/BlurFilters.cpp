@@ -1,0 +1,154 @@
+// The box blurs along rows and columns, the four-neighbour blur and the feedback zooms.
+#include <memory>
+#include <vector>
+
+#include "effects/filters/BoxBlur.hpp"
+#include "effects/filters/LayerChecks.hpp"
+#include "effects/filters/NeighbourBlur.hpp"
+#include "effects/filters/Parameters.hpp"
+#include "effects/filters/ScaledDraw.hpp"
+#include "effects/rendu/BlendOperators.hpp"
+#include "effects/rendu/BulkKernels.hpp"
+#include "script/Component.hpp"
+#include "script/Keytrack.hpp"
+
+namespace vz {
+
+namespace {
+
+// The box blurs. A radius of 0 or less copies the source unchanged; larger radii are cut
+// to the table's room (64) and to half the line, see boxBlurRadius. Blurring a layer onto
+// itself works as if from a copy: the source is copied to a frame kept for that purpose.
+class BoxBlurFilter : public Component {
+public:
+    enum Direction { rows, columns };
+
+    BoxBlurFilter(TextParser& parser, const char* keyword, Direction direction)
+        : target_(parameter<Layer32bpp>(parser)),
+          source_(parameter<Layer32bpp>(parser)),
+          intensity_(parameter<KeytrackInt>(parser)),
+          direction_(direction),
+          width_(target_.width),
+          height_(target_.height) {
+        requireSameSize(keyword, "source", source_, target_);
+        if (&source_ == &target_) sourceCopy_.resize(pixelsOf(target_));
+        if (direction == columns) columnSums_.resize(3 * static_cast<std::size_t>(width_));
+    }
+
+    void run(float t) override {
+        radius_ = intensity_.sample(t);
+        const int n = boxBlurRadius(radius_, direction_ == rows ? width_ : height_);
+        if (n == 0) {
+            copyRun(target_.pixels, source_.pixels, pixelsOf(target_), renduNormal);
+            return;
+        }
+        table_.build(n);  // on every run, as the radius may change from frame to frame
+        const std::uint32_t* src = source_.pixels;
+        if (!sourceCopy_.empty()) {
+            copyRun(sourceCopy_.data(), src, sourceCopy_.size(), renduNormal);
+            src = sourceCopy_.data();
+        }
+        if (direction_ == rows)
+            boxBlurRows(target_.pixels, src, width_, height_, n, table_.entries());
+        else
+            boxBlurColumns(target_.pixels, src, width_, height_, n, table_.entries(), columnSums_.data());
+    }
+
+private:
+    Layer32bpp& target_;
+    Layer32bpp& source_;
+    KeytrackInt& intensity_;
+    Direction direction_;
+    int width_;
+    int height_;
+    int radius_ = 4;  // the last sampled intensity
+    BoxBlurTable table_;
+    std::vector<std::uint32_t> sourceCopy_;
+    std::vector<std::int32_t> columnSums_;
+};
+
+class HblurFilter32bpp : public BoxBlurFilter {
+public:
+    HblurFilter32bpp(Sequencer&, TextParser& parser) : BoxBlurFilter(parser, "hBlurFilter32bpp", rows) {}
+};
+
+class VblurFilter32bpp : public BoxBlurFilter {
+public:
+    VblurFilter32bpp(Sequencer&, TextParser& parser) : BoxBlurFilter(parser, "vBlurFilter32bpp", columns) {}
+};
+
+class KernelBlurFilter32bpp : public Component {
+public:
+    KernelBlurFilter32bpp(Sequencer&, TextParser& parser)
+        : target_(parameter<Layer32bpp>(parser)), source_(parameter<Layer32bpp>(parser)) {
+        requireSameSize("kernelBlurFilter32bpp", "source", source_, target_);
+        requireDistinct("kernelBlurFilter32bpp", target_, source_);
+    }
+
+    void run(float) override { fourNeighbourBlur(target_.pixels, source_.pixels, target_.width, target_.height); }
+
+private:
+    Layer32bpp& target_;
+    Layer32bpp& source_;
+};
+
+// Feedback zoom: the target is copied to a temporary layer, which is drawn back onto the
+// target scaled by z in both directions and centred, through the sampled rendu. Every
+// pixel of the copy is drawn, black included.
+class Zoom32bpp : public Component {
+public:
+    Zoom32bpp(Sequencer&, TextParser& parser)
+        : target_(parameter<Layer32bpp>(parser)),
+          zoom_(parameter<KeytrackFloat>(parser)),
+          rendu_(parameter<KeytrackInt>(parser)) {}
+
+    void run(float t) override {
+        auto copy = std::make_unique<Layer32bpp>(target_.width, target_.height);
+        copyRun(copy->pixels, target_.pixels, pixelsOf(target_), renduNormal);
+        const int rendu = clampRendu(rendu_.sample(t));
+        const float z = zoom_.sample(t);
+        drawScaled(target_, *copy, 0.0f, 0.0f, z, z, rendu);
+    }
+
+private:
+    Layer32bpp& target_;
+    KeytrackFloat& zoom_;
+    KeytrackInt& rendu_;
+};
+
+// Zoom with blur for feedback trails: the target is blurred by the four-neighbour blur
+// into a copy (whose border keeps the target's border), and the copy is drawn back
+// "normal", scaled by z and centred on the tracked normalised position. Where a z below
+// 1 leaves the target uncovered, the old picture stays.
+class ZoomBlur32bpp : public Component {
+public:
+    ZoomBlur32bpp(Sequencer&, TextParser& parser)
+        : target_(parameter<Layer32bpp>(parser)),
+          position_(parameter<KeytrackVector2>(parser)),
+          zoom_(parameter<KeytrackFloat>(parser)),
+          blurred_(target_.width, target_.height) {}
+
+    void run(float t) override {
+        copyRun(blurred_.pixels, target_.pixels, pixelsOf(target_), renduNormal);
+        fourNeighbourBlur(blurred_.pixels, target_.pixels, target_.width, target_.height);
+        const Vector2 at = position_.sample(t);
+        const float z = zoom_.sample(t);
+        drawScaled(target_, blurred_, at.x, at.y, z, z, renduNormal);
+    }
+
+private:
+    Layer32bpp& target_;
+    KeytrackVector2& position_;
+    KeytrackFloat& zoom_;
+    Layer32bpp blurred_;
+};
+
+}  // namespace
+
+VZ_COMPONENT("hBlurFilter32bpp", HblurFilter32bpp)
+VZ_COMPONENT("vBlurFilter32bpp", VblurFilter32bpp)
+VZ_COMPONENT("kernelBlurFilter32bpp", KernelBlurFilter32bpp)
+VZ_COMPONENT("zoom32bpp", Zoom32bpp)
+VZ_COMPONENT("zoomBlur32bpp", ZoomBlur32bpp)
+
+}  // namespace vz

@@ -1,0 +1,36 @@
+// An 8-bit picture lit by an 8-bit light map through a colour look-up table.
+#include "effects/layers/ComponentParams.hpp"
+#include "effects/palettes/Lut.hpp"
+#include "script/Component.hpp"
+
+namespace vz {
+
+// Target pixel i = lut entry (light i x 256 + colour i), over the image's pixels; a light
+// map or target smaller than the image stops the run at its end.
+class Combination32bpp : public Component {
+public:
+    Combination32bpp(Sequencer&, TextParser& parser)
+        : target_(resourceParam<Layer32bpp>(parser)),
+          image_(resourceParam<Layer8bpp>(parser)),
+          light_(resourceParam<Layer8bpp>(parser)),
+          lut_(lutParam(parser, "combination32bpp")) {}
+
+    void run(float) override {
+        std::uint32_t* out = target_.pixels;
+        const std::uint8_t* colour = image_.pixels;
+        const std::uint8_t* light = light_.pixels;
+        const std::uint32_t* lut = lut_.pixels;
+        for (std::size_t i = 0, n = sharedCount(target_, image_, light_); i < n; ++i)
+            out[i] = lut[std::uint32_t{light[i]} << 8 | colour[i]];
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer8bpp& image_;
+    const Layer8bpp& light_;
+    const Layer32bpp& lut_;
+};
+
+VZ_COMPONENT("combination32bpp", Combination32bpp)
+
+}  // namespace vz

@@ -1,0 +1,133 @@
+#include <cstdint>
+#include <numeric>
+
+#include "support/EffectTestSupport.hpp"
+
+namespace vz::test {
+namespace {
+
+class PalettesTest : public EffectTest {
+protected:
+    std::uint32_t* lut() { return addLayer32("lut", 256, 256, 0xEEEEEEEE).pixels; }
+    // Entry i holds i.
+    Palette& ramp(const std::string& name) {
+        Palette& palette = addPalette(name);
+        std::iota(palette.colors.begin(), palette.colors.end(), 0u);
+        return palette;
+    }
+};
+
+TEST_F(PalettesTest, ShadingLutRunsFromDarkThroughThePaletteTowardLight) {
+    std::uint32_t* table = lut();
+    Palette& palette = addPalette("pal");
+    palette.colors[1] = 0xAA6400FF;  // red 100, green 0, blue 255
+    addColor("dark", 0);
+    addColor("light", 0xFFFFFF);
+    make("shadingLut lut pal dark light")->run(0);
+    EXPECT_EQ(table[0 * 256 + 1], 0u);
+    EXPECT_EQ(table[64 * 256 + 1], 0x0032007Fu);   // half way, 127.5 truncated
+    EXPECT_EQ(table[128 * 256 + 1], 0x006400FFu);  // the palette colour, alpha byte 0
+    EXPECT_EQ(table[255 * 256 + 1], 0x00FDFDFFu);  // one step short of white
+    EXPECT_EQ(table[128 * 256 + 0], 0u);
+    EXPECT_EQ(table[255 * 256 + 0], 0x00FDFDFDu);
+}
+
+TEST_F(PalettesTest, ShadingLutPaletteKeepsTheLowByteOfEachProduct) {
+    std::uint32_t* table = lut();
+    Palette& dark = addPalette("dark");
+    Palette& light = addPalette("light");
+    dark.colors.fill(0xFFFFFF);
+    light.colors.fill(0xFFFFFF);
+    dark.colors[2] = 0x031005;
+    light.colors[7] = 0x051033;
+    make("shadingLutPalette lut dark light")->run(0);
+    EXPECT_EQ(table[0], 0x010101u);  // 255 x 255 = 65025
+    EXPECT_EQ(table[65535], 0x010101u);
+    EXPECT_EQ(table[2 * 256 + 7], 0x0F00FFu);  // 3 x 5, 16 x 16 = 256, 5 x 51
+}
+
+TEST_F(PalettesTest, AlphaLutStepsFromTheFirstPaletteTowardTheSecond) {
+    std::uint32_t* table = lut();
+    Palette& same = ramp("same");
+    same.colors[9] = 0xFF123456;
+    make("alphaLut lut same same")->run(0);
+    for (int row : {0, 100, 255}) {
+        EXPECT_EQ(table[row * 256 + 9], 0x123456u) << row;
+        EXPECT_EQ(table[row * 256 + 200], 200u) << row;
+    }
+
+    addPalette("black");
+    addPalette("white").colors.fill(0xFFFFFF);
+    make("alphaLut lut black white")->run(0);
+    EXPECT_EQ(table[128 * 256 + 3], 0x7F7F7Fu);
+    EXPECT_EQ(table[255 * 256 + 3], 0xFEFEFEu);
+}
+
+TEST_F(PalettesTest, LutBuildersRefuseTablesTooSmall) {
+    addLayer32("small", 16, 16);
+    addPalette("pal");
+    addColor("c", 0);
+    EXPECT_EQ(errorOf([&] { make("shadingLut small pal c c"); }), "shadingLut : small is 16x16, a lut needs 65536 pixels");
+    EXPECT_EQ(errorOf([&] { make("alphaLut pal pal pal"); }), "Repository::aquire failure");
+}
+
+TEST_F(PalettesTest, BlendsTruncateAndWrapOutsideZeroToOne) {
+    Color& target = addColor("target", 0);
+    addColor("from", 0xAA0064FF);  // alpha 0xAA, red 0, green 100, blue 255
+    addColor("to", 0x00FF0000);
+    make("blendColor target from to constFloat 0.5")->run(0);
+    EXPECT_EQ(target.value, 0xAA7F327Fu);  // 127.5 truncated; the alpha byte is the background's
+    make("blendColor target from to constFloat 2")->run(0);
+    EXPECT_EQ(target.value, 0xAAFE9C01u);  // 510, -100 and -255 keep their low bytes
+
+    Palette& out = addPalette("out");
+    Palette& background = addPalette("background");
+    Palette& foreground = addPalette("foreground");
+    background.colors[3] = 0x000064;
+    foreground.colors[3] = 0x0000C8;
+    foreground.colors[4] = 0x0A0000;
+    make("blendPalette out background foreground constFloat 0.25")->run(0);
+    EXPECT_EQ(out.colors[3], 0x00007Du);  // 100 + 25
+    EXPECT_EQ(out.colors[4], 0x020000u);  // 2.5
+    EXPECT_EQ(out.colors[5], 0u);
+}
+
+TEST_F(PalettesTest, RotatePaletteMapping) {
+    ramp("source");
+    Palette& target = addPalette("target");
+    make("rotatePalette target source constInt 0")->run(0);
+    EXPECT_EQ(target.colors, ramp("check").colors);
+
+    make("rotatePalette target source constInt 257")->run(0);  // k = 1
+    EXPECT_EQ(target.colors[0], 1u);
+    EXPECT_EQ(target.colors[1], 0u);
+    EXPECT_EQ(target.colors[255], 254u);
+
+    make("rotatePalette target source constInt 200")->run(0);
+    EXPECT_EQ(target.colors[0], 200u);
+    EXPECT_EQ(target.colors[55], 255u);
+    EXPECT_EQ(target.colors[56], 0u);  // past source entry 255: back to the start
+    EXPECT_EQ(target.colors[199], 143u);
+    EXPECT_EQ(target.colors[200], 0u);
+    EXPECT_EQ(target.colors[255], 55u);
+
+    Palette& self = ramp("self");
+    make("rotatePalette self self constInt 1")->run(0);
+    EXPECT_EQ(self.colors[0], 1u);
+    EXPECT_EQ(self.colors[1], 0u);
+    EXPECT_EQ(self.colors[255], 254u);
+}
+
+TEST_F(PalettesTest, PaletteAlphaBytes) {
+    Palette& palette = ramp("pal");
+    palette.colors[5] = 0x33ABCDEF;
+    make("setPaletteAlpha pal 128")->run(0);
+    EXPECT_EQ(palette.colors[5], 0x80ABCDEFu);
+    EXPECT_EQ(palette.colors[255], 0x800000FFu);
+    make("setPaletteAlphagradient pal")->run(0);
+    EXPECT_EQ(palette.colors[5], 0x05ABCDEFu);
+    EXPECT_EQ(palette.colors[255], 0xFF0000FFu);
+}
+
+}  // namespace
+}  // namespace vz::test

@@ -1,0 +1,86 @@
+// The frame loop run in-process on the headless console: keys, time, end conditions.
+#include "shell/Player.hpp"
+
+#include <gtest/gtest.h>
+
+#include "script/Repository.hpp"
+#include "script/Sequencer.hpp"
+#include "shell/display/Timer.hpp"
+#include "shell/display/headless/HeadlessConsole.hpp"
+#include "support/TestSupport.hpp"
+
+namespace vz {
+namespace {
+
+using test::ScratchDir;
+using test::writeFile;
+
+class PlayerTest : public ::testing::Test {
+protected:
+    PlayerTest() {
+        writeFile("config.txt", "64\n48\n40\n4\n8\n2\nNOSOUND\n");
+        Timer::instance().driveByFrames(100);
+        endOfDemo() = false;
+    }
+    ~PlayerTest() override {
+        Timer::instance().driveByFrames(0);
+        endOfDemo() = false;
+    }
+
+    int play(const std::string& script, double until) {
+        writeFile("main.txt", script);
+        options.headless = true;
+        options.fps = 100;
+        options.until = until;
+        return playDemo(options, console);
+    }
+
+    std::vector<std::string> linesWith(const std::string& prefix) {
+        std::vector<std::string> found;
+        for (const auto& line : test::readLines("logfile.txt"))
+            if (line.rfind(prefix, 0) == 0) found.push_back(line);
+        return found;
+    }
+
+    ScratchDir dir;
+    Options options;
+    HeadlessConsole console;
+};
+
+TEST_F(PlayerTest, SpaceLogsTheTimeCutToTenthsOncePerPress) {
+    console.queueKey(1237, spaceKey);               // t = 12.37
+    console.queueKey(1500, Key{'a'});               // another key ...
+    console.queueKey(1501, spaceKey);               // ... latches the Space right after it
+    console.queueKey(1600, Key{32, false, true, false});  // Shift+Space is not Space
+    console.queueKey(1700, spaceKey);
+    EXPECT_EQ(play("", 20.0), 0);
+    EXPECT_EQ(linesWith("actualTime = "), (std::vector<std::string>{"actualTime = 12.3", "actualTime = 17"}));
+    EXPECT_FALSE(console.opened());  // closed again at shut-down
+    EXPECT_EQ(console.title(), "Vorn and Zelvaine - demo player");
+}
+
+TEST_F(PlayerTest, EscapeEndsTheShowBeforeTheFrameIsDrawn) {
+    console.queueKey(30, Key{27, false, true, false});  // Shift+Escape does not end it
+    console.queueKey(50, escapeKey);
+    EXPECT_EQ(play("", 100.0), 0);
+    EXPECT_EQ(console.updates(), 50);  // frames 0-49 were presented, frame 50 was not
+    auto lines = test::readLines("logfile.txt");
+    ASSERT_GE(lines.size(), 2u);
+    EXPECT_EQ(lines[lines.size() - 2].rfind("Closing log at ", 0), 0u);
+}
+
+TEST_F(PlayerTest, EndDemoFinishesTheFrameThatSetIt) {
+    EXPECT_EQ(play("wait 0.5\nendDemo\n", 100.0), 0);
+    // Frame 51 (t = 0.51) reads "endDemo", is still presented, and the loop stops.
+    EXPECT_EQ(console.updates(), 52);
+}
+
+TEST_F(PlayerTest, BandsOutsideTheScreenLayerStayBlack) {
+    EXPECT_EQ(play("", 0.05), 0);
+    const auto& frame = console.lastFrame();
+    ASSERT_EQ(frame.size(), 64u * 48u);
+    for (std::uint32_t p : frame) EXPECT_EQ(p, 0u);
+}
+
+}  // namespace
+}  // namespace vz
