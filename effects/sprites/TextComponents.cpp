@@ -1,0 +1,151 @@
+// The components that write one line of text with a font picture: keyframed, wobbling
+// glyph by glyph, and sliding in glyph after glyph.
+#include <cmath>
+#include <string>
+
+#include "effects/sprites/TextLayout.hpp"
+#include "script/Component.hpp"
+#include "script/Keytrack.hpp"
+#include "script/Layer.hpp"
+#include "script/Repository.hpp"
+#include "script/TextParser.hpp"
+#include "shell/error.hpp"
+
+namespace vz {
+
+namespace {
+
+Repository& repository() { return Repository::instance(); }
+
+// The font picture, checked to hold one row or more per glyph cell.
+const Layer32bpp& fontParameter(TextParser& parser, const char* keyword) {
+    const Layer32bpp& font = repository().aquireAs<Layer32bpp>(parser);
+    if (font.height / TextStyle{}.cells <= 0)
+        throw error(std::string(keyword) + " : the font picture is " + std::to_string(font.width) + "x" +
+                    std::to_string(font.height) + ", lower than its " + std::to_string(TextStyle{}.cells) +
+                    " glyph cells");
+    return font;
+}
+
+// Position and scale of the line from a sprite track.
+void follow(TextStyle& style, KeytrackSprite& track, float t) {
+    const SpriteValue key = track.sample(t);
+    style.x = key.x;
+    style.y = key.y;
+    style.scaleX = key.scaleX;
+    style.scaleY = key.scaleY;
+}
+
+}  // namespace
+
+class PutStringKeytrack32bpp : public Component {
+public:
+    PutStringKeytrack32bpp(Sequencer&, TextParser& parser)
+        : target_(repository().aquireAs<Layer32bpp>(parser)),
+          font_(fontParameter(parser, "PutStringKeytrack32bpp")),
+          track_(repository().aquireAs<KeytrackSprite>(parser)),
+          rendu_(repository().aquireAs<KeytrackInt>(parser)),
+          spacing_(repository().aquireAs<KeytrackFloat>(parser)),
+          text_(parser.getTokenCopy()) {}
+    void run(float t) override {
+        follow(style_, track_, t);
+        style_.spacing = spacing_.sample(t);
+        style_.rendu = rendu_.sample(t);
+        drawText(target_, font_, style_, text_.c_str());
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer32bpp& font_;
+    KeytrackSprite& track_;
+    KeytrackInt& rendu_;
+    KeytrackFloat& spacing_;
+    std::string text_;
+    TextStyle style_;
+};
+
+// Each glyph circles round its place on its own phase: x by amplX, y by amplY
+// (normalised units), so a wave runs along the line.
+class PutStringCool32bpp : public Component {
+public:
+    static constexpr float wobbleRate = 4.0f;   // radians per second
+    static constexpr float glyphPhase = 0.6f;   // radians between neighbouring glyphs
+
+    PutStringCool32bpp(Sequencer&, TextParser& parser)
+        : target_(repository().aquireAs<Layer32bpp>(parser)),
+          font_(fontParameter(parser, "PutStringCool32bpp")),
+          track_(repository().aquireAs<KeytrackSprite>(parser)),
+          amplitudeX_(parser.getFloat()),
+          amplitudeY_(parser.getFloat()),
+          rendu_(repository().aquireAs<KeytrackInt>(parser)),
+          text_(parser.getTokenCopy()) {}
+    void run(float t) override {
+        follow(style_, track_, t);
+        style_.rendu = rendu_.sample(t);
+        layOutText(target_, font_, style_, text_.c_str(), [&](int index, int cell, float pen) {
+            const float phase = wobbleRate * t + glyphPhase * static_cast<float>(index);
+            drawGlyph(target_, font_, style_, cell, pen + amplitudeX_ * std::sin(phase),
+                      style_.y + amplitudeY_ * std::cos(phase));
+        });
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer32bpp& font_;
+    KeytrackSprite& track_;
+    float amplitudeX_;
+    float amplitudeY_;
+    KeytrackInt& rendu_;
+    std::string text_;
+    TextStyle style_;
+};
+
+// Glyph i enters at i * delay seconds: it slides in from beyond the right edge to its
+// place in slideTime seconds, slowing down as it arrives, and then stays.
+class PutStringSlide32bpp : public Component {
+public:
+    static constexpr float slideTime = 0.5f;
+
+    PutStringSlide32bpp(Sequencer&, TextParser& parser)
+        : target_(repository().aquireAs<Layer32bpp>(parser)),
+          font_(fontParameter(parser, "PutStringSlide32bpp")),
+          track_(repository().aquireAs<KeytrackSprite>(parser)),
+          delay_(parser.getFloat()),
+          rendu_(repository().aquireAs<KeytrackInt>(parser)) {
+        style_.spacing = parser.getFloat();
+        text_ = parser.getTokenCopy();
+    }
+    void run(float t) override {
+        follow(style_, track_, t);
+        style_.rendu = rendu_.sample(t);
+        // A glyph centred here is wholly past the right edge (its half width is
+        // width * scaleX / W in normalised units).
+        const float offstage = 1.0f + 2.0f * static_cast<float>(font_.width) * std::fabs(style_.scaleX) /
+                                          static_cast<float>(target_.width);
+        layOutText(target_, font_, style_, text_.c_str(), [&](int index, int cell, float pen) {
+            const float since = t - delay_ * static_cast<float>(index);
+            if (since < 0.0f) return;
+            float x = pen;
+            if (since < slideTime) {
+                const float left = 1.0f - since / slideTime;  // share of the way still to go
+                x = pen + (offstage - pen) * left * left;
+            }
+            drawGlyph(target_, font_, style_, cell, x, style_.y);
+        });
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer32bpp& font_;
+    KeytrackSprite& track_;
+    float delay_;
+    KeytrackInt& rendu_;
+    std::string text_;
+    TextStyle style_;
+};
+
+VZ_COMPONENT("PutStringKeytrack32bpp", PutStringKeytrack32bpp)
+VZ_COMPONENT("PutStringCool32bpp", PutStringCool32bpp)
+VZ_COMPONENT("PutStringSlide32bpp", PutStringSlide32bpp)
+
+}  // namespace vz

@@ -1,0 +1,48 @@
+// A tunnel whose table is computed when the script line is read, for the target's own
+// size, instead of being loaded: a round tunnel centred on the target, the texture going
+// twice round the wall, its depth scaled with the width so that any resolution shows the
+// same picture.
+#include <memory>
+
+#include "effects/tunnels/TunnelChecks.hpp"
+#include "effects/tunnels/TunnelMapping.hpp"
+#include "effects/tunnels/TunnelTables.hpp"
+#include "script/Component.hpp"
+#include "script/Keytrack.hpp"
+#include "script/Layer.hpp"
+#include "script/Repository.hpp"
+#include "script/TextParser.hpp"
+
+namespace vz {
+
+class StylerTunnel32bpp : public Component {
+public:
+    static constexpr float turns = 2.0f;
+    static constexpr float depthPerWidth = 16.0f;
+    static constexpr float radiusOffset = 4.0f;
+
+    StylerTunnel32bpp(Sequencer&, TextParser& parser)
+        : target_(Repository::instance().aquireAs<Layer32bpp>(parser)),
+          texture_(Repository::instance().aquireAs<Layer32bpp>(parser)),
+          track_(Repository::instance().aquireAs<KeytrackVector2>(parser)) {
+        requireTexture(texture_, "stylerTunnel32bpp");
+        const int w = target_.width, h = target_.height;
+        table_ = std::make_unique<Layer32bpp>(w, h);
+        generateTunnelTable({table_->pixels, w, h, w}, static_cast<float>(w >> 1), static_cast<float>(h >> 1), turns,
+                            depthPerWidth * static_cast<float>(w), radiusOffset);
+    }
+    void run(float t) override {
+        mapTunnel32(target_.pixels, table_->pixels, texture_.pixels, static_cast<std::size_t>(target_.pixelCount()),
+                    tunnelOffset(track_.sample(t), t));
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer32bpp& texture_;
+    KeytrackVector2& track_;
+    std::unique_ptr<Layer32bpp> table_;
+};
+
+VZ_COMPONENT("stylerTunnel32bpp", StylerTunnel32bpp)
+
+}  // namespace vz
