@@ -4,9 +4,11 @@
 // builders with VZ_COMPONENT in its own source file; the factory pairs them with the
 // fixed keyword catalogue (names, French descriptions, syntaxes).
 #include <memory>
+#include <vector>
 
 namespace vz {
 
+class Resource;
 class Sequencer;
 class TextParser;
 
@@ -18,10 +20,14 @@ public:
     virtual void run(float localTime) = 0;
 
     void setName(const char* className) { name_ = className; }
+    // The resources the component acquired: they live at least as long as it does.
+    void keepAlive(std::vector<std::shared_ptr<Resource>> resources) { borrowed_ = std::move(resources); }
     int useCount = 0;  // timeline entries placing this component
 
 private:
     const char* name_ = "Nothing";
+    // Destroyed after the derived class's members, which may still point into them.
+    std::vector<std::shared_ptr<Resource>> borrowed_;
 };
 
 class ComponentMaker {

@@ -112,13 +112,17 @@ Symbol* Repository::aquire(TextParser& parser) {
         symbol->setName(constantName);
         Symbol* result = symbol.get();
         append(std::move(symbol));
+        BorrowScope::note(result->shared());
         return result;
     }
     return aquire(token);
 }
 
 Symbol* Repository::aquire(const std::string& name) {
-    if (Symbol* symbol = find(name)) return symbol;
+    if (Symbol* symbol = find(name)) {
+        BorrowScope::note(symbol->shared());
+        return symbol;
+    }
     logFramed("Fatal: " + name + " was not found");
     throw error("Repository::aquire failure");
 }
@@ -130,5 +134,16 @@ void Repository::wrongKind(const Symbol& symbol, const char* wanted) {
 }
 
 void Repository::clear() { symbols_.clear(); }
+
+namespace {
+BorrowScope* innermostScope = nullptr;
+}  // namespace
+
+BorrowScope::BorrowScope() : previous_(innermostScope) { innermostScope = this; }
+BorrowScope::~BorrowScope() { innermostScope = previous_; }
+
+void BorrowScope::note(const std::shared_ptr<Resource>& resource) {
+    if (innermostScope) innermostScope->borrowed_.push_back(resource);
+}
 
 }  // namespace vz

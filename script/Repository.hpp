@@ -17,12 +17,33 @@ public:
     Symbol(std::unique_ptr<Resource> data) : data_(std::move(data)) {}
     virtual ~Symbol() = default;
     Resource* getData() const { return data_.get(); }
+    const std::shared_ptr<Resource>& shared() const { return data_; }
     const std::string& name() const { return name_; }
     void setName(const std::string& name) { name_ = name; }
 
 private:
     std::string name_;
-    std::unique_ptr<Resource> data_;
+    std::shared_ptr<Resource> data_;
+};
+
+// Collects the resources acquired while it lives (the component under construction),
+// so that the component can keep them alive. A script that drops ("sub") a resource
+// while a running component still uses it then frees it when that component ends,
+// instead of leaving the component with a dangling pointer. Scopes nest.
+class BorrowScope {
+public:
+    BorrowScope();
+    ~BorrowScope();
+    BorrowScope(const BorrowScope&) = delete;
+    BorrowScope& operator=(const BorrowScope&) = delete;
+
+    std::vector<std::shared_ptr<Resource>> take() { return std::move(borrowed_); }
+    // Records `resource` in the innermost scope, if any.
+    static void note(const std::shared_ptr<Resource>& resource);
+
+private:
+    BorrowScope* previous_;
+    std::vector<std::shared_ptr<Resource>> borrowed_;
 };
 
 class Repository {

@@ -107,6 +107,7 @@ void Sequencer::readEntry(Component* current) {
 
 Component* Sequencer::createComponent(const std::string& keyword) {
     std::unique_ptr<Component> component;
+    BorrowScope borrowed;
     if (ComponentMaker* maker = factory_.find(keyword)) {
         component = maker->create(*this, parser_);
     } else if (extra_) {
@@ -120,6 +121,7 @@ Component* Sequencer::createComponent(const std::string& keyword) {
         logFramed("unknow Component : " + scriptName_ + "::" + keyword);
         throw error("unknow Component");
     }
+    component->keepAlive(borrowed.take());
     components_.push_back(std::move(component));
     return components_.back().get();
 }

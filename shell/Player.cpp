@@ -13,6 +13,7 @@
 #include "script/TextParser.hpp"
 #include "shell/Config.hpp"
 #include "shell/LayerManager.hpp"
+#include "shell/TextOverlay.hpp"
 #include "shell/display/Display.hpp"
 #include "shell/display/PngWriter.hpp"
 #include "shell/display/Timer.hpp"
@@ -120,6 +121,9 @@ int playDemo(const Options& options, Console& console) {
         logout() << lend;
         sequencer.factory().writeList(logout());
         logout() << lend;
+        Layer32bpp& screenLayer = Repository::instance().aquireAs<Layer32bpp>("screen");
+        // 15. The text overlay.
+        TextOverlay& overlay = TextOverlay::instance();
         // 16. Time and sound.
         sound.initialise(config.nosound, options.headless ? AudioMode::lockStep : AudioMode::device,
                          options.fps);
@@ -143,9 +147,15 @@ int playDemo(const Options& options, Console& console) {
             } else {
                 keyLatch = false;
             }
+            overlay.clear();
             sequencer.run(t);
             ++counter.frames;
-            if (config.counters) counter.update(t);
+            if (config.counters) {
+                counter.update(t);
+                overlay.write(std::to_string(static_cast<int>(t)) + "  " + std::to_string(counter.framesPerSecond) +
+                              " FPS");
+                overlay.draw(screenLayer);
+            }
             surface.copy(console);
             console.update();
             outputs.afterFrame(surface, t);

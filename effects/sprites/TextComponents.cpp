@@ -78,7 +78,12 @@ public:
           amplitudeX_(parser.getFloat()),
           amplitudeY_(parser.getFloat()),
           rendu_(repository().aquireAs<KeytrackInt>(parser)),
-          text_(parser.getTokenCopy()) {}
+          text_(parser.getTokenCopy()) {
+        // The line has no spacing parameter: an extra glyph width puts the glyphs side
+        // by side (the pen advances (width + spacing) / W normalised units, half that
+        // many pixels), so the wave has room to move them.
+        style_.spacing = static_cast<float>(font_.width);
+    }
     void run(float t) override {
         follow(style_, track_, t);
         style_.rendu = rendu_.sample(t);

@@ -55,7 +55,10 @@ protected:
         std::string keyword = parser.getToken();
         ComponentBuilder builder = findComponentBuilder(keyword.c_str());
         if (!builder) throw error("no component is built for " + keyword);
-        return builder(sequencer(), parser);
+        BorrowScope borrowed;
+        std::unique_ptr<Component> component = builder(sequencer(), parser);
+        component->keepAlive(borrowed.take());
+        return component;
     }
 
     // The message of the vz::error that `action` raises, or "no error".
