@@ -63,11 +63,11 @@ TEST_F(Text, FontsLowerThanTheirCellsAreRefused) {
 
 TEST_F(Text, CoolTextWobblesEachGlyphOnItsOwnPhase) {
     Layer32bpp& screen = addLayer32("screen", 32, 8);
-    // Spacing 1: advance 5 / 32. Glyph 0 at phase 0: x unchanged, y + 0.5 (py 5);
-    // glyph 1 at phase 0.6: x + 0.25 sin 0.6 (px 6), y + 0.5 cos 0.6 (py 4).
+    // Spacing one glyph width: advance 8 / 32. Glyph 0 at phase 0: x unchanged, y + 0.5
+    // (py 5); glyph 1 at phase 0.6: x + 0.25 sin 0.6 (px 8), y + 0.5 cos 0.6 (py 4).
     make("PutStringCool32bpp screen font constSprite -0.75 0 1 1 0.25 0.5 constInt 32 AB")->run(0);
-    EXPECT_EQ(cells(screen, 4), glyphsAt(32, {{6, 1}}));
-    EXPECT_EQ(cells(screen, 5), glyphsAt(32, {{2, 0}, {6, 1}}));
+    EXPECT_EQ(cells(screen, 4), glyphsAt(32, {{8, 1}}));
+    EXPECT_EQ(cells(screen, 5), glyphsAt(32, {{2, 0}, {8, 1}}));
     EXPECT_EQ(cells(screen, 6), glyphsAt(32, {{2, 0}}));
 }
 
