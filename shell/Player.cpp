@@ -124,6 +124,7 @@ int playDemo(const Options& options, Console& console) {
         Layer32bpp& screenLayer = Repository::instance().aquireAs<Layer32bpp>("screen");
         // 15. The text overlay.
         TextOverlay& overlay = TextOverlay::instance();
+        overlay.reset();
         // 16. Time and sound.
         sound.initialise(config.nosound, options.headless ? AudioMode::lockStep : AudioMode::device,
                          options.fps);

@@ -21,6 +21,11 @@ void TextOverlay::clear() {
     current_ = 0;
 }
 
+void TextOverlay::reset() {
+    clear();
+    font_.reset();
+}
+
 void TextOverlay::write(const std::string& text) {
     auto& line = lines_[current_];
     int& length = lengths_[current_];

@@ -20,6 +20,8 @@ public:
 
     // Empties every line and goes back to the first one.
     void clear();
+    // A fresh overlay for a new show: lines emptied and the font to be loaded again.
+    void reset();
     // Appends to the current line (cut at 79 characters, like a full text buffer).
     void write(const std::string& text);
     // Moves to the next line (stays on the last one).

@@ -3,11 +3,17 @@
 
 #include <gtest/gtest.h>
 
+#include "assets/ImageLoader.hpp"
+#include "effects/sprites/TextDrawing.hpp"
+#include "script/Layer.hpp"
 #include "script/Repository.hpp"
 #include "script/Sequencer.hpp"
 #include "shell/display/Timer.hpp"
 #include "shell/display/headless/HeadlessConsole.hpp"
+#include "shell/logstream.hpp"
 #include "support/TestSupport.hpp"
+
+#include <filesystem>
 
 namespace vz {
 namespace {
@@ -80,6 +86,49 @@ TEST_F(PlayerTest, BandsOutsideTheScreenLayerStayBlack) {
     const auto& frame = console.lastFrame();
     ASSERT_EQ(frame.size(), 64u * 48u);
     for (std::uint32_t p : frame) EXPECT_EQ(p, 0u);
+}
+
+}  // namespace
+}  // namespace vz
+
+namespace vz {
+namespace {
+
+class CountersTest : public PlayerTest {
+protected:
+    CountersTest() { writeFile("config.txt", "640\n480\n400\n40\n8\n16\nCOUNTERS\nNOSOUND\n"); }
+};
+
+TEST_F(CountersTest, TheCounterLineShowsSecondsAndFramesOfTheLastSecond) {
+    std::filesystem::copy_file(std::filesystem::path(VZ_SOURCE_DIR) / "demos/sample/police.pcx", "police.pcx");
+    // At 100 frames per second the first update comes at t = 1.01, after 102 frames.
+    // The script clears the band every frame, so the last frame holds only its own line.
+    EXPECT_EQ(play("add black Color 0 0 0 0\nfillColor32bpp screen black constInt 32\n0 100 0 1 0\n", 1.5), 0);
+    auto font = ImageLoader::LoadLayer32bpp("police.pcx");
+    Layer32bpp expected(640, 400);
+    std::fill_n(expected.pixels, expected.pixelCount(), 0u);
+    TextStyle style;
+    style.x = -0.8f;
+    style.y = -0.8f;
+    style.spacing = 8.0f;
+    drawText(expected, *font, style, "1  102 FPS");
+    const auto& frame = console.lastFrame();
+    int differing = 0, lit = 0;
+    for (int i = 0; i < 640 * 400; ++i) {
+        differing += frame[40 * 640 + i] != expected.pixels[i];
+        lit += expected.pixels[i] != 0;
+    }
+    EXPECT_EQ(differing, 0);
+    EXPECT_GT(lit, 1000);
+}
+
+TEST_F(CountersTest, WithoutTheFontTheShowStopsWithThePictureError) {
+    EXPECT_EQ(play("", 1.0), 1);
+    auto lines = test::readLines("logfile.txt");
+    ASSERT_GE(lines.size(), 8u);
+    EXPECT_EQ(std::vector<std::string>(lines.end() - 8, lines.end() - 3),
+              (std::vector<std::string>{"loadPcx error, the file was : police.pcx", dashLine, "", dashLine,
+                                        "exeption : loadPcx error"}));
 }
 
 }  // namespace
