@@ -1,11 +1,7 @@
 #pragma once
-// Drawing a picture onto a layer at a normalised position with a scale, by the placement
-// and clipping rule every sprite of the program follows: the corner is
-// (floor((x + 1) * (W >> 1) - w * scaleX / 2), floor((y + 1) * (H >> 1) - h * scaleY / 2)),
-// the drawn size trunc(w * scaleX) x trunc(h * scaleY), nothing is drawn unless the corner
-// lies left of the last column and above the last row and the picture reaches column and
-// row 0; the source is stepped in 16.16 fixed point, one source pixel per target pixel,
-// chosen by truncation.
+// Drawing a whole picture onto a layer at a normalised position with a scale, through the
+// sprites' placement, clipping and 16.16 stepping (effects/sprites/SpriteDrawing.hpp), so
+// filters such as the zoom place their pictures exactly as sprites are placed.
 #include <cstdint>
 
 #include "script/Layer.hpp"

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <fcntl.h>
 #include <signal.h>
-#include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -15,34 +14,11 @@
 #include "support/PlayerRun.hpp"
 #include "support/TestSupport.hpp"
 
-extern char** environ;
-
 namespace vz::test {
 namespace {
 
 namespace fs = std::filesystem;
 using namespace std::chrono_literals;
-
-pid_t spawn(const std::vector<std::string>& args, const std::vector<std::string>& extraEnv, const std::string& out) {
-    std::vector<std::string> a = args;
-    std::vector<char*> argv;
-    for (auto& s : a) argv.push_back(s.data());
-    argv.push_back(nullptr);
-    std::vector<std::string> env;
-    for (char** e = environ; *e; ++e) env.emplace_back(*e);
-    env.insert(env.end(), extraEnv.begin(), extraEnv.end());
-    std::vector<char*> envp;
-    for (auto& s : env) envp.push_back(s.data());
-    envp.push_back(nullptr);
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, 1, out.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    posix_spawn_file_actions_adddup2(&actions, 1, 2);
-    pid_t pid = -1;
-    if (posix_spawnp(&pid, argv[0], &actions, nullptr, argv.data(), envp.data()) != 0) pid = -1;
-    posix_spawn_file_actions_destroy(&actions);
-    return pid;
-}
 
 // Waits for the process to end, up to `limit`; kills it after that. Returns the status.
 int waitFor(pid_t pid, std::chrono::milliseconds limit) {
@@ -105,7 +81,7 @@ public:
                 continue;
             display_.assign(1, ':');
             display_ += std::to_string(n);
-            pid_ = spawn({"Xvfb", display_, "-screen", "0", "800x600x24", "-nolisten", "tcp"}, {}, "/dev/null");
+            pid_ = startProcess({"Xvfb", display_, "-screen", "0", "800x600x24", "-nolisten", "tcp"}, ".", {}, "/dev/null");
             for (int i = 0; i < 100 && !fs::exists("/tmp/.X11-unix/X" + std::to_string(n)); ++i)
                 std::this_thread::sleep_for(50ms);
         }
@@ -132,7 +108,8 @@ TEST(Window, ShowsTheBandAndEndsOnEscape) {
     // A 320 x 240 display whose band is the 200 rows from row 20, filled with one colour.
     writeFile("config.txt", "320\r\n240\r\n200\r\n20\r\n8\r\n2\r\nNOSOUND\r\n");
     writeFile("main.txt", "add orange Color 0 0 128 255\r\nfillColor32bpp screen orange constInt 32\r\n0 1000 0 1 0\r\n");
-    pid_t player = spawn({VZ_PLAYER_PATH, "."}, {"DISPLAY=" + x.display(), "SDL_AUDIODRIVER=dummy"}, "player.out");
+    pid_t player = startProcess({VZ_PLAYER_PATH, "."}, dir.path().string(), {"DISPLAY=" + x.display(), "SDL_AUDIODRIVER=dummy"},
+                                "player.out");
     ASSERT_GT(player, 0);
     std::string env = "DISPLAY=" + x.display() + " ";
     std::string window =

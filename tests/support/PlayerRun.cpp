@@ -16,12 +16,9 @@ extern char** environ;
 
 namespace vz::test {
 
-RunResult runPlayer(const std::vector<std::string>& args, const std::string& cwd,
-                    const std::vector<std::string>& environment) {
-    std::string errFile = cwd + "/.player-stderr";
-    std::string outFile = cwd + "/.player-stdout";
-    std::vector<std::string> argv{VZ_PLAYER_PATH};
-    argv.insert(argv.end(), args.begin(), args.end());
+int startProcess(const std::vector<std::string>& args, const std::string& cwd,
+                 const std::vector<std::string>& environment, const std::string& outFile, const std::string& errFile) {
+    std::vector<std::string> argv = args;
     std::vector<char*> cargv;
     for (auto& a : argv) cargv.push_back(a.data());
     cargv.push_back(nullptr);
@@ -35,13 +32,26 @@ RunResult runPlayer(const std::vector<std::string>& args, const std::string& cwd
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addchdir_np(&actions, cwd.c_str());
-    posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
-    pid_t pid;
-    if (posix_spawn(&pid, argv[0].c_str(), &actions, nullptr, cargv.data(), cenv.data()) != 0)
-        throw std::runtime_error("cannot start " + argv[0]);
+    posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    if (errFile.empty())
+        posix_spawn_file_actions_adddup2(&actions, 1, 2);
+    else
+        posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    pid_t pid = -1;
+    if (posix_spawnp(&pid, cargv[0], &actions, nullptr, cargv.data(), cenv.data()) != 0) pid = -1;
     posix_spawn_file_actions_destroy(&actions);
+    return pid;
+}
+
+RunResult runPlayer(const std::vector<std::string>& args, const std::string& cwd,
+                    const std::vector<std::string>& environment) {
+    std::string errFile = cwd + "/.player-stderr";
+    std::string outFile = cwd + "/.player-stdout";
+    std::vector<std::string> argv{VZ_PLAYER_PATH};
+    argv.insert(argv.end(), args.begin(), args.end());
+    pid_t pid = startProcess(argv, cwd, environment, outFile, errFile);
+    if (pid < 0) throw std::runtime_error("cannot start " + argv[0]);
     int wstatus = 0;
     waitpid(pid, &wstatus, 0);
     RunResult result;
