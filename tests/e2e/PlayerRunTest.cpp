@@ -97,6 +97,14 @@ TEST(PlayerRun, ComponentListingOnStandardOutput) {
               "debug: Sequencer Factory: Components list :\n\nComponent symbol: composite\n\tDescriptio");
 }
 
+TEST(PlayerRun, TheComponentReferenceIsUpToDate) {
+    ScratchDir dir;
+    RunResult run = runPlayer({"--list-components", "--markdown"}, dir.path().string());
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.standardOutput, readFile(fs::path(VZ_SOURCE_DIR) / "docs" / "components.md"))
+        << "docs/components.md is stale: run `make docs`";
+}
+
 TEST(PlayerRun, AZippedDemoPlaysFromTheArchive) {
     ScratchDir dir;
     writeZip("show.zip", {{"CONFIG.TXT", config}, {"main.txt", "wait 0.2\r\nendDemo\r\n"}});
