@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# `make bench`: every Google Benchmark program, then the whole player headless on the
-# sample demo (frames per second, slowest second, start-up time).
+# `make bench`: every Google Benchmark program; player_bench plays the whole sample demo
+# headless (frames per second, slowest second, start-up time) at 640 x 480 and 1920 x 1080.
 set -eu
 build=${1:-build}
 for b in "$build"/bench/*; do
@@ -8,6 +8,3 @@ for b in "$build"/bench/*; do
   echo "== $(basename "$b")"
   "$b" --benchmark_min_time=0.2
 done
-if [ -x tools/measure-player.sh ]; then
-  tools/measure-player.sh "$build/vzplayer"
-fi
