@@ -118,6 +118,22 @@ TEST(PlayerRun, AZippedDemoPlaysFromTheArchive) {
     EXPECT_EQ(lines[2], "Hardware resolution : 64 * 48");
 }
 
+TEST(PlayerRun, OnlyTheBandIsDrawnOn) {
+    ScratchDir dir;
+    writeFile("config.txt", config);  // 64 x 48, band of 40 rows from row 4
+    writeFile("main.txt", "add blue Color 0 255 0 0\r\nfillColor32bpp screen blue constInt 32\r\n0 10 0 1 0\r\n");
+    RunResult run = runPlayer({"--headless", "--until", "0.5", "--shot", "0.2=band.png"}, dir.path().string());
+    ASSERT_EQ(run.status, 0) << run.standardError;
+    Picture shot = readPng("band.png");
+    ASSERT_EQ(shot.width, 64);
+    ASSERT_EQ(shot.height, 48);
+    for (int y = 0; y < 48; ++y) {
+        const std::uint32_t want = y >= 4 && y < 44 ? 0x0000FFu : 0u;
+        EXPECT_EQ(shot.at(0, y), want) << y;
+        EXPECT_EQ(shot.at(63, y), want) << y;
+    }
+}
+
 TEST(PlayerRun, UntilEndsAfterTheFirstFrameAtThatTime) {
     ScratchDir dir;
     writeFile("config.txt", config);

@@ -81,13 +81,6 @@ TEST_F(PlayerTest, EndDemoFinishesTheFrameThatSetIt) {
     EXPECT_EQ(console.updates(), 52);
 }
 
-TEST_F(PlayerTest, BandsOutsideTheScreenLayerStayBlack) {
-    EXPECT_EQ(play("", 0.05), 0);
-    const auto& frame = console.lastFrame();
-    ASSERT_EQ(frame.size(), 64u * 48u);
-    for (std::uint32_t p : frame) EXPECT_EQ(p, 0u);
-}
-
 }  // namespace
 }  // namespace vz
 
