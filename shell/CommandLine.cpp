@@ -60,11 +60,11 @@ Options parseCommandLine(int argc, const char* const* argv) {
         } else if (arg == "--until") {
             options.until = parseNumber(arg, value(i, arg));
         } else if (arg == "--shot") {
-            std::string spec = value(i, arg);
-            auto eq = spec.find('=');
-            if (eq == std::string::npos || eq + 1 == spec.size())
-                throw UsageError("--shot takes T=FILE.png, not '" + spec + "'");
-            options.shots.push_back({parseNumber(arg, spec.substr(0, eq)), spec.substr(eq + 1)});
+            std::string shot = value(i, arg);
+            auto eq = shot.find('=');
+            if (eq == std::string::npos || eq + 1 == shot.size())
+                throw UsageError("--shot takes T=FILE.png, not '" + shot + "'");
+            options.shots.push_back({parseNumber(arg, shot.substr(0, eq)), shot.substr(eq + 1)});
         } else if (arg == "--dump-frames") {
             options.dumpFramesDir = value(i, arg);
         } else if (arg == "--audio-out") {

@@ -27,10 +27,10 @@ bool updating() { return std::getenv("VZ_UPDATE_EXPECTED") != nullptr; }
 std::vector<std::string> shotArguments(const std::string& prefix) {
     std::vector<std::string> args;
     for (double t : shotTimes) {
-        std::ostringstream spec;
-        spec << t << "=" << prefix << t << ".png";
+        std::ostringstream shot;
+        shot << t << "=" << prefix << t << ".png";
         args.push_back("--shot");
-        args.push_back(spec.str());
+        args.push_back(shot.str());
     }
     return args;
 }
