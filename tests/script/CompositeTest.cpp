@@ -9,7 +9,7 @@ namespace {
 
 class CompositeTest : public TimelineTest {
 protected:
-    std::unique_ptr<Sequencer> play(const std::string& main, const std::string& inner) {
+    std::unique_ptr<Sequencer> play(const std::string& main, const std::string& inner = "record x\n0 100 0 1 0\n") {
         writeFile("inner.txt", inner);
         return TimelineTest::play(main);
     }
@@ -24,18 +24,15 @@ TEST_F(CompositeTest, NestedScriptRunsOnTheCompositeLocalTime) {
 }
 
 TEST_F(CompositeTest, FrameDependentCompositeRunsOnlyAfterMoreThanOneInterval) {
-    auto s = play("frameDependentComposite inner.txt 4\n0 100 0 1 0\n", "record x\n0 100 0 1 0\n");
+    auto s = play("frameDependentComposite inner.txt 4\n0 100 0 1 0\n");
     EXPECT_EQ(frame(*s, 0.5f), "x@0.5");
     EXPECT_EQ(frame(*s, 0.75f), "");  // exactly one interval (0.25) later
     EXPECT_EQ(frame(*s, 0.765625f), "x@0.765625");
-
-    // The first run needs a local time above -1 + interval.
-    auto slow = play("frameDependentComposite inner.txt 0.5\n0 100 -1.5 1 0\n", "record x\n0 100 0 1 0\n");
+    // The first run needs a local time above -1 + interval; 0 fps never runs.
+    auto slow = play("frameDependentComposite inner.txt 0.5\n0 100 -1.5 1 0\n");
     EXPECT_EQ(frame(*slow, 2.5f), "");
     EXPECT_EQ(frame(*slow, 2.75f), "x@1.25");
-
-    auto stopped = play("frameDependentComposite inner.txt 0\n0 100 0 1 0\n", "record x\n0 100 0 1 0\n");
-    EXPECT_EQ(frame(*stopped, 99.0f), "");
+    EXPECT_EQ(frame(*play("frameDependentComposite inner.txt 0\n0 100 0 1 0\n"), 99.0f), "");
 }
 
 TEST_F(CompositeTest, TwoCompositesOnOneFileKeepOwnTimelinesButShareTheRepository) {
@@ -49,17 +46,15 @@ TEST_F(CompositeTest, TwoCompositesOnOneFileKeepOwnTimelinesButShareTheRepositor
 }
 
 TEST_F(CompositeTest, EndDemoInANestedScriptEndsTheShow) {
-    auto s = play("composite inner.txt\n0 100 0 1 0\n", "record x\n0 100 0 1 0\nendDemo\n");
-    EXPECT_EQ(frame(*s, 1.0f), "x@1");
+    EXPECT_EQ(frame(*play("composite inner.txt\n0 100 0 1 0\n", "record x\n0 100 0 1 0\nendDemo\n"), 1.0f), "x@1");
     EXPECT_TRUE(endOfDemo());
 }
 
 TEST_F(CompositeTest, BadNestedScriptsAreFatal) {
     auto selfNesting = play("composite inner.txt\n0 100 0 1 0\n", "composite inner.txt\n0 100 0 1 0\n");
-    EXPECT_EQ(errorMessageOf([&] { selfNesting->run(1.0f); }),
-              "Sequencer : inner.txt : scripts nested more than 16 deep");
-    auto missing = play("composite absent.txt\n0 100 0 1 0\n", "");
-    EXPECT_EQ(errorMessageOf([&] { missing->run(1.0f); }), "TextParser can not open file");
+    EXPECT_EQ(errorOf([&] { selfNesting->run(1.0f); }), "Sequencer : inner.txt : scripts nested more than 16 deep");
+    auto missing = play("composite absent.txt\n0 100 0 1 0\n");
+    EXPECT_EQ(errorOf([&] { missing->run(1.0f); }), "TextParser can not open file");
 }
 
 }  // namespace

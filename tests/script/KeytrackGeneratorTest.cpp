@@ -26,24 +26,27 @@ protected:
     }
 };
 
-TEST_F(KeytrackGeneratorTest, ZeroAmplitudeCopiesTheSourceIntoAOneKeySquareTrack) {
+TEST_F(KeytrackGeneratorTest, SinusWritesOneSquareKeyAtZeroAndZeroAmplitudeCopiesTheSource) {
     declare<float>("src", {0, 2}, {0, 10});
-    KeytrackFloat& dst = declare<float>("dst", {0, 1, 2}, {7, 8, 9});
-    auto s = play("keytrackFloatSinus dst src 0 3\n0 100 0 1 0\n");
-    s->run(1.0f);
-    ASSERT_EQ(dst.count(), 1);
-    EXPECT_EQ(dst.times[0], 0.0f);
-    EXPECT_EQ(dst.interpolation, Square);
-    EXPECT_FLOAT_EQ(dst.values[0], 5.0f);
-}
-
-TEST_F(KeytrackGeneratorTest, SinusAddsTwiceTheAmplitudeOfAWobbledSine) {
-    KeytrackFloat& dst = declare<float>("dst", {0}, {0});
-    auto s = play("keytrackFloatSinus dst constFloat 1 0.5 3\n0 100 0 1 0\n");
+    KeytrackFloat& copy = declare<float>("copy", {0, 1, 2}, {7, 8, 9});
+    KeytrackFloat& wobble = declare<float>("wobble", {0}, {0});
+    auto s = play("keytrackFloatSinus copy src 0 3\n0 100 0 1 0\nkeytrackFloatSinus wobble constFloat 1 0.5 3\n"
+                  "0 100 0 1 0\n");
     for (float t : {0.5f, 1.25f}) {
         s->run(t);
-        EXPECT_FLOAT_EQ(dst.values[0], 1.0f + std::sin(t + std::cos(t * 3.0f))) << t;
+        EXPECT_FLOAT_EQ(wobble.values[0], 1.0f + std::sin(t + std::cos(t * 3.0f))) << t;
     }
+    ASSERT_EQ(copy.count(), 1);
+    EXPECT_EQ(copy.times[0], 0.0f);
+    EXPECT_EQ(copy.interpolation, Square);
+    EXPECT_FLOAT_EQ(copy.values[0], 6.25f);
+}
+
+TEST_F(KeytrackGeneratorTest, EachAnimatedPartHasItsOwnNoiseSeed) {
+    KeytrackVector2& dst = declare<Vector2>("dst", {0}, {{}});
+    play("keytrackVector2Noise dst constVector2 0 0 1 3 1\n0 100 0 1 0\n")->run(0.5f);
+    EXPECT_FLOAT_EQ(dst.values[0].x, noise(3, 0, 1.0f));
+    EXPECT_FLOAT_EQ(dst.values[0].y, noise(4, 0, 3.0f));
 }
 
 TEST_F(KeytrackGeneratorTest, NoiseHoldsEachDrawForOnePeriodStartingFromSeedThree) {
@@ -53,25 +56,16 @@ TEST_F(KeytrackGeneratorTest, NoiseHoldsEachDrawForOnePeriodStartingFromSeedThre
     EXPECT_FLOAT_EQ(dst.values[0], 10.0f + 2990.0f * 4.0f / 65535.0f - 2.0f);  // seed 3 x 997 = 2991
     s->run(0.625f);
     EXPECT_FLOAT_EQ(dst.values[0], 10.0f + noise(3, 0, 2.0f));
-    s->run(0.75f);  // 0.25 + 0.5: the next draw is due
-    EXPECT_FLOAT_EQ(dst.values[0], 10.0f + noise(3, 1, 2.0f));
-    s->run(1.0f);
-    EXPECT_FLOAT_EQ(dst.values[0], 10.0f + noise(3, 1, 2.0f));
-}
-
-TEST_F(KeytrackGeneratorTest, EachAnimatedPartHasItsOwnNoiseSeed) {
-    KeytrackVector2& dst = declare<Vector2>("dst", {0}, {{}});
-    auto s = play("keytrackVector2Noise dst constVector2 0 0 1 3 1\n0 100 0 1 0\n");
-    s->run(0.5f);
-    EXPECT_FLOAT_EQ(dst.values[0].x, noise(3, 0, 1.0f));
-    EXPECT_FLOAT_EQ(dst.values[0].y, noise(4, 0, 3.0f));
+    for (float t : {0.75f, 1.0f}) {  // 0.25 + 0.5: the next draw is due, then held
+        s->run(t);
+        EXPECT_FLOAT_EQ(dst.values[0], 10.0f + noise(3, 1, 2.0f)) << t;
+    }
 }
 
 TEST_F(KeytrackGeneratorTest, SpriteGeneratorsKeepTheSourceScales) {
     KeytrackSprite& dst = declare<SpriteValue>("dst", {0}, {{}});
     declare<SpriteValue>("src", {0, 4}, {{0, 0, 1, 2}, {4, 8, 3, 6}});
-    auto s = play("keytrackSpriteSinus dst src 0.5 0.25 2\n0 100 0 1 0\n");
-    s->run(1.0f);
+    play("keytrackSpriteSinus dst src 0.5 0.25 2\n0 100 0 1 0\n")->run(1.0f);
     const double wobble = std::sin(1.0 + std::cos(2.0));
     EXPECT_FLOAT_EQ(dst.values[0].x, static_cast<float>(1.0 + wobble));
     EXPECT_FLOAT_EQ(dst.values[0].y, static_cast<float>(2.0 + 0.5 * wobble));
@@ -83,7 +77,7 @@ TEST_F(KeytrackGeneratorTest, TargetMustBeADeclaredTrackOfTheRightKind) {
     declare<float>("dst", {0}, {0});
     for (const char* line : {"keytrackFloatSinus constFloat 1 constFloat 1 1 1\n",  // no constant target
                              "keytrackVector2Sinus dst constVector2 0 0 1 1 1\n"})  // dst holds floats
-        EXPECT_EQ(errorMessageOf([&] { play(line)->run(1.0f); }), "Repository::aquire failure") << line;
+        EXPECT_EQ(errorOf([&] { play(line)->run(1.0f); }), "Repository::aquire failure") << line;
 }
 
 }  // namespace

@@ -19,11 +19,9 @@ TEST(PaletteTest, RangesBlendColourBytesAndKeepTheExtraByte) {
     Palette palette;
     palette.colors.fill(0x7F102030);
     palette.blendRangeToColor(2, 3, 0x00FF0040, 0.5f);
-    EXPECT_EQ(palette.colors[1], 0x7F102030u);
     // (255-16)*0.5+16 = 135.5, (0-32)*0.5+32 = 16, (64-48)*0.5+48 = 56: truncated.
-    EXPECT_EQ(palette.colors[2], 0x7F871038u);
-    EXPECT_EQ(palette.colors[4], 0x7F871038u);
-    EXPECT_EQ(palette.colors[5], 0x7F102030u);
+    EXPECT_EQ(std::vector<std::uint32_t>(&palette.colors[1], &palette.colors[6]),
+              std::vector<std::uint32_t>({0x7F102030, 0x7F871038, 0x7F871038, 0x7F871038, 0x7F102030}));
 
     Palette target;
     target.colors.fill(0x00FFFFFF);

@@ -65,45 +65,39 @@ TEST_F(SequencerTest, LogsAHeadingPerReadingCallAndOneLinePerEntry) {
     auto s = play("record a\n2 -1 0.5 1 3\nwaitFrame\nrecord b\n0 1.25 0 2 -1\n");
     s->run(1.0f);
     s->run(1.0f);
-    auto lines = stopLogAndReadLines();
-    const std::vector<std::string> expected{
+    EXPECT_TRUE(containsRun(stopLogAndReadLines(), {
         "", "main.txt:", "0 - Key [Recorder] - begin [2] - end [-1] - offset [0.5] - speed [1] - order [3]",
         "", "main.txt:", "1 - Key [Recorder] - begin [0] - end [1.25] - offset [0] - speed [2] - order [-1]",
-    };
-    EXPECT_NE(std::search(lines.begin(), lines.end(), expected.begin(), expected.end()), lines.end());
+    }));
 }
 
 TEST_F(SequencerTest, UnknownKeywordIsFramedInTheLogAndFatal) {
     startLog();
-    EXPECT_EQ(errorMessageOf([&] { play("Tunnel32bpp screen\n")->run(1.0f); }), "unknow Component");
-    EXPECT_EQ(errorMessageOf([&] { play("nullProbe\n")->run(1.0f); }), "unknow Component");
-    EXPECT_EQ(errorMessageOf([&] { play(".5 9 0 1 0\n")->run(1.0f); }), "unknow Component");
+    for (const char* script : {"Tunnel32bpp screen\n", "nullProbe\n", ".5 9 0 1 0\n"})
+        EXPECT_EQ(errorOf([&] { play(script)->run(1.0f); }), "unknow Component") << script;
     auto lines = stopLogAndReadLines();
-    auto at = std::find(lines.begin(), lines.end(), "unknow Component : main.txt::Tunnel32bpp");
-    ASSERT_NE(at, lines.end());
-    EXPECT_EQ(*(at - 1), std::string(60, '-'));
-    EXPECT_EQ(*(at + 1), std::string(60, '-'));
+    EXPECT_TRUE(containsRun(lines, framed("unknow Component : main.txt::Tunnel32bpp")));
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "unknow Component : main.txt::nullProbe"), 1);
 }
 
 TEST_F(SequencerTest, MalformedScriptsAreFatalAndNamed) {
-    auto errorOf = [&](const std::string& script) {
-        return errorMessageOf([&] {
+    auto fatalOf = [&](const std::string& script) {
+        return errorOf([&] {
             auto s = play(script);
             s->run(1.5f);
             s->run(2.0f);
         });
     };
-    EXPECT_EQ(errorOf("record a\n0 9 0 1 0\nwaitFrame\n1 2 0 1 0\n"),
+    EXPECT_EQ(fatalOf("record a\n0 9 0 1 0\nwaitFrame\n1 2 0 1 0\n"),
               "Sequencer : main.txt:4 : timeline entry without a component");
-    EXPECT_EQ(errorOf("record a\n0 9 0\n"), "Fatal: Parser : there is no tokens lefts in the line");
+    EXPECT_EQ(fatalOf("record a\n0 9 0\n"), "Fatal: Parser : there is no tokens lefts in the line");
 
     std::string tooMany = "record a\n", crowded = "record a\n";
     for (int i = 0; i <= Sequencer::entryCapacity; ++i) tooMany += "5 6 0 1 0\n";
     for (int i = 0; i <= Sequencer::activeCapacity; ++i) crowded += "0 9 0 1 0\n";
-    EXPECT_EQ(errorOf(tooMany), "Sequencer : main.txt:258 : more than 256 timeline entries");
-    EXPECT_EQ(errorOf(crowded), "Sequencer : main.txt : more than 64 timeline entries active at time 1.5");
-    EXPECT_EQ(errorMessageOf([] { Sequencer missing("absent.txt"); }), "TextParser can not open file");
+    EXPECT_EQ(fatalOf(tooMany), "Sequencer : main.txt:258 : more than 256 timeline entries");
+    EXPECT_EQ(fatalOf(crowded), "Sequencer : main.txt : more than 64 timeline entries active at time 1.5");
+    EXPECT_EQ(errorOf([] { Sequencer missing("absent.txt"); }), "TextParser can not open file");
 }
 
 }  // namespace

@@ -11,9 +11,7 @@
 #include "script/RandomSeed.hpp"
 #include "script/Repository.hpp"
 #include "script/Sequencer.hpp"
-#include "script/TextParser.hpp"
-#include "shell/error.hpp"
-#include "support/TestSupport.hpp"
+#include "tests/script/ScriptTestSupport.hpp"
 
 namespace vz::test {
 
@@ -52,17 +50,6 @@ inline std::string frame(Sequencer& sequencer, float t) {
     for (const std::string& line : journal()) text += (text.empty() ? "" : " ") + line;
     journal().clear();
     return text;
-}
-
-// The message of the fatal error `action` raises, or "no error".
-template <class Action>
-std::string errorMessageOf(Action&& action) {
-    try {
-        action();
-    } catch (const error& e) {
-        return e.message();
-    }
-    return "no error";
 }
 
 // A scratch working directory and a fresh program state (repository, end-of-demo flag,

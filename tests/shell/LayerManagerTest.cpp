@@ -12,7 +12,7 @@
 namespace vz {
 namespace {
 
-const char* const screenSlotError = "LayerManager::findEmptyScreenSlot : Out of empty slots";
+const std::string screenSlotError = "LayerManager::findEmptyScreenSlot : Out of empty slots";
 
 std::uintptr_t address(const void* p) { return reinterpret_cast<std::uintptr_t>(p); }
 
@@ -26,31 +26,37 @@ public:
     LayerManager* operator->() const { return LayerManager::current(); }
 };
 
-template <class F>
-std::string errorOf(F action) {
+// The marks of the first `count` screen slots.
+std::vector<unsigned> screenMarks(const LayerManager& manager, int count) {
+    std::vector<unsigned> marks;
+    for (int j = 0; j < count; ++j) marks.push_back(manager.screenMark(j));
+    return marks;
+}
+
+template <class L>
+std::string errorBuilding(int width, int height) {
     try {
-        action();
+        L layer(width, height);
     } catch (const error& e) {
         return e.message();
     }
     return "";
 }
 
-TEST(LayerManagerTest, LastScreenSlotIsNeverHandedOut) {
-    InstalledManager manager(4, 2, 64 * 40);
-    Layer8bpp first(64, 40);
-    EXPECT_EQ(first.pixels, static_cast<const void*>(manager->screenPool()));
-    EXPECT_EQ(errorOf([] { Layer8bpp second(64, 40); }), screenSlotError);
-    EXPECT_EQ(manager->screenMark(1), 0u);
-}
+TEST(LayerManagerTest, ScreenRunsNeverTakeTheLastSlotNorStartInTheLastFour) {
+    {
+        InstalledManager two(4, 2, 64 * 40);
+        Layer8bpp first(64, 40);
+        EXPECT_EQ(first.pixels, static_cast<const void*>(two->screenPool()));
+        EXPECT_EQ(errorBuilding<Layer8bpp>(64, 40), screenSlotError);
+        EXPECT_EQ(two->screenMark(1), 0u);
+    }
 
-TEST(LayerManagerTest, ScreenRunScanStopsFourSlotsBeforeTheEnd) {
-    InstalledManager manager(4, 8, 640 * 400);
-    Layer32bpp first(640, 400);
-    EXPECT_EQ(first.pixels, static_cast<const void*>(manager->screenPool()));
-    for (int j = 0; j < 4; ++j) EXPECT_EQ(manager->screenMark(j), 1u);
-    EXPECT_EQ(errorOf([] { Layer32bpp second(640, 400); }), screenSlotError);
-    for (int j = 4; j < 8; ++j) EXPECT_EQ(manager->screenMark(j), 0u);
+    InstalledManager eight(4, 8, 640 * 400);
+    Layer32bpp big(640, 400);
+    EXPECT_EQ(big.pixels, static_cast<const void*>(eight->screenPool()));
+    EXPECT_EQ(errorBuilding<Layer32bpp>(640, 400), screenSlotError);  // slots 4-7 are free, yet no room
+    EXPECT_EQ(screenMarks(*LayerManager::current(), 8), std::vector<unsigned>({1, 1, 1, 1, 0, 0, 0, 0}));
 }
 
 TEST(LayerManagerTest, TextureSizesTakeAlignedSmallSlots) {
@@ -58,19 +64,15 @@ TEST(LayerManagerTest, TextureSizesTakeAlignedSmallSlots) {
     Layer8bpp byteTexture(256, 256);
     Layer32bpp smallWordTexture(128, 128);
     Layer32bpp wordTexture(256, 256);
-    EXPECT_EQ(address(byteTexture.pixels) % 65536, 0u);
     EXPECT_EQ(byteTexture.pixels, manager->smallPoolBase());
+    EXPECT_EQ(address(byteTexture.pixels) % 65536, 0u);
     EXPECT_EQ(address(smallWordTexture.pixels), address(manager->smallPoolBase()) + 65536);
     EXPECT_EQ(address(wordTexture.pixels) % 262144, 0u);
     EXPECT_TRUE(byteTexture.fromSlots && smallWordTexture.fromSlots && wordTexture.fromSlots);
-
     // The 256 KiB run starts on the first 256 KiB boundary past the two held slots.
     int first = static_cast<int>((address(wordTexture.pixels) - address(manager->smallPoolBase())) / 65536);
-    EXPECT_GE(first, 2);
-    EXPECT_LT(first, 6);
-    for (int i = 2; i < first; ++i) EXPECT_EQ(manager->smallMark(i), 0u);
-    for (int i = first; i < first + 4; ++i) EXPECT_EQ(manager->smallMark(i), 3u);
-    EXPECT_EQ(manager->smallMark(first + 4), 0u);
+    EXPECT_TRUE(first >= 2 && first < 6) << first;
+    for (int i = 2; i <= first + 4; ++i) EXPECT_EQ(manager->smallMark(i), i >= first && i < first + 4 ? 3u : 0u) << i;
 }
 
 TEST(LayerManagerTest, OtherSizesAreLoggedRawAllocations) {
@@ -98,14 +100,10 @@ TEST(LayerManagerTest, ReleaseClearsOnlyTheSlotsOfItsOwnAllocation) {
     void* a = manager.allocate(4000);
     void* b = manager.allocate(4000);
     manager.release(a);
-    for (int j = 0; j < 4; ++j) EXPECT_EQ(manager.screenMark(j), 0u);
-    for (int j = 4; j < 8; ++j) EXPECT_EQ(manager.screenMark(j), 2u);
-    // Freed slots are reused, with a new mark.
-    EXPECT_EQ(manager.allocate(4000), a);
-    EXPECT_EQ(manager.screenMark(0), 3u);
+    EXPECT_EQ(screenMarks(manager, 8), std::vector<unsigned>({0, 0, 0, 0, 2, 2, 2, 2}));
+    EXPECT_EQ(manager.allocate(4000), a);  // freed slots are reused, with a new mark
     manager.release(b);
-    EXPECT_EQ(manager.screenMark(4), 0u);
-    EXPECT_EQ(manager.screenMark(0), 3u);
+    EXPECT_EQ(screenMarks(manager, 8), std::vector<unsigned>({3, 3, 3, 3, 0, 0, 0, 0}));
 
     void* x = manager.allocate(65536);
     void* y = manager.allocate(65536);

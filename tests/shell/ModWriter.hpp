@@ -25,13 +25,10 @@ public:
         samples_.push_back(data);
         return static_cast<int>(samples_.size());
     }
-    // An empty pattern; returns its index.
-    int addPattern() {
-        patterns_.emplace_back();
-        return static_cast<int>(patterns_.size()) - 1;
-    }
+    // Sets a cell, adding empty patterns up to `pattern`.
     void set(int pattern, int row, int channel, ModCell cell) {
-        patterns_.at(pattern).at(static_cast<std::size_t>(row * channels + channel)) = cell;
+        if (pattern >= static_cast<int>(patterns_.size())) patterns_.resize(static_cast<std::size_t>(pattern) + 1);
+        patterns_[static_cast<std::size_t>(pattern)].at(static_cast<std::size_t>(row * channels + channel)) = cell;
     }
     void setOrders(std::vector<int> orders) { orders_ = std::move(orders); }
 
@@ -97,8 +94,7 @@ inline std::vector<std::uint8_t> makeTestSong() {
     ModWriter mod;
     const int high = mod.addLoopedSample(squareWave(1024, 16, 100));
     const int low = mod.addLoopedSample(squareWave(1024, 64, 100));
-    for (int i = 0; i < 3; ++i) {
-        const int pattern = mod.addPattern();
+    for (int pattern = 0; pattern < 3; ++pattern) {
         mod.set(pattern, 0, 1, {0, 0, 0xF, 5});  // speed 5
         mod.set(pattern, 4, 3, {0, 0, 0xD, 0});  // next order after this row
     }

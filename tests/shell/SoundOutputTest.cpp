@@ -15,18 +15,11 @@
 namespace vz::test {
 namespace {
 
-std::uint32_t le32(const std::string& bytes, std::size_t at) {
+// The little-endian number of `size` bytes at `at`.
+std::uint32_t le(const std::string& bytes, std::size_t at, int size) {
     std::uint32_t v = 0;
-    for (int i = 3; i >= 0; --i) v = (v << 8) | static_cast<unsigned char>(bytes[at + i]);
+    for (int i = size - 1; i >= 0; --i) v = (v << 8) | static_cast<unsigned char>(bytes[at + i]);
     return v;
-}
-
-std::uint32_t le16(const std::string& bytes, std::size_t at) {
-    return static_cast<unsigned char>(bytes[at]) | static_cast<unsigned char>(bytes[at + 1]) << 8;
-}
-
-std::int16_t sampleAt(const std::string& wav, std::size_t index) {
-    return static_cast<std::int16_t>(le16(wav, 44 + 2 * index));
 }
 
 class SoundOutputTest : public ::testing::Test {
@@ -55,24 +48,18 @@ TEST_F(SoundOutputTest, WavLinesUpWithTheFrames) {
     const std::string wav = readFile("out.wav");
     const std::size_t frames = 12863;  // round(7 × 44100 / 24)
     ASSERT_EQ(wav.size(), 44 + frames * 4);
-    EXPECT_EQ(wav.substr(0, 4), "RIFF");
-    EXPECT_EQ(le32(wav, 4), 36 + frames * 4);
-    EXPECT_EQ(wav.substr(8, 8), "WAVEfmt ");
-    EXPECT_EQ(le32(wav, 16), 16u);
-    EXPECT_EQ(le16(wav, 20), 1u);  // PCM
-    EXPECT_EQ(le16(wav, 22), 2u);
-    EXPECT_EQ(le32(wav, 24), 44100u);
-    EXPECT_EQ(le32(wav, 28), 44100u * 4);
-    EXPECT_EQ(le16(wav, 32), 4u);
-    EXPECT_EQ(le16(wav, 34), 16u);
-    EXPECT_EQ(wav.substr(36, 4), "data");
-    EXPECT_EQ(le32(wav, 40), frames * 4);
+    EXPECT_EQ(wav.substr(0, 4) + wav.substr(8, 8) + wav.substr(36, 4), "RIFFWAVEfmt data");
+    // Offset, size, value: RIFF size, fmt size, PCM, 2 channels, rate, byte rate, block, bits, data size.
+    const std::uint32_t fields[][3] = {{4, 4, 36 + frames * 4}, {16, 4, 16}, {20, 2, 1},      {22, 2, 2},
+                                       {24, 4, 44100},          {28, 4, 44100 * 4}, {32, 2, 4}, {34, 2, 16},
+                                       {40, 4, frames * 4}};
+    for (const auto& [at, size, value] : fields) EXPECT_EQ(le(wav, at, static_cast<int>(size)), value) << at;
 
     // The music begins with frame 3, at sample round(3 × 1837.5) = 5513, not before.
     constexpr std::size_t musicStart = 5513;
     std::size_t firstSound = frames;
     for (std::size_t i = 0; i < frames * 2 && firstSound == frames; ++i)
-        if (sampleAt(wav, i) != 0) firstSound = i / 2;
+        if (le(wav, 44 + 2 * i, 2) != 0) firstSound = i / 2;
     EXPECT_GE(firstSound, musicStart);
     EXPECT_LT(firstSound, musicStart + 16);
 }
