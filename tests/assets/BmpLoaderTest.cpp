@@ -2,62 +2,52 @@
 
 #include "LoaderChecks.hpp"
 #include "PictureWriters.hpp"
-#include "assets/ImageLoader.hpp"
 #include "assets/decoders/BmpReport.hpp"
-#include "script/Layer.hpp"
 
 namespace vz::test {
 namespace {
-
-std::vector<Rgb> layerPixels(const Layer32bpp& layer) {
-    return std::vector<Rgb>(layer.pixels, layer.pixels + layer.pixelCount());
-}
 
 std::vector<Rgb> loadQuietly(const std::string& fileName) {
     testing::internal::CaptureStdout();
     auto layer = ImageLoader::LoadLayer32bpp(fileName);
     EXPECT_EQ(testing::internal::GetCapturedStdout(), "");  // the loaders report nothing
-    return layerPixels(*layer);
+    return std::vector<Rgb>(layer->pixels, layer->pixels + layer->pixelCount());
 }
 
 const std::vector<Rgb> table = {0xABCDEF, 0x110000, 0x002200, 0x000033, 0x444444, 0x555555};
 
-TEST(BmpLoader, TrueColourRowsComeTopDown) {
+TEST(BmpLoader, EveryDepthGivesItsPicture) {
     ScratchDir dir;
     const std::vector<Rgb> pixels = {0x010203, 0x040506, 0x070809, 0x0A0B0C, 0xFF0000, 0x00FF00, 0x0000FF, 0xFFFFFF};
     writeBytes("wide.bmp", makeBmp24(4, 2, pixels));
-    EXPECT_EQ(loadQuietly("wide.bmp"), pixels);
-}
+    EXPECT_EQ(loadQuietly("wide.bmp"), pixels);  // rows come top down
 
-TEST(BmpLoader, OneBytePaddingIsNotSkippedSoRowsShift) {
-    ScratchDir dir;
+    // Width 1: one byte of padding is not skipped, so the bottom row is read right and
+    // each row above starts one byte later than stored.
     writeBytes("narrow.bmp", makeBmp24(1, 3, {0x102030, 0x405060, 0x708090}));
-    // The bottom row is read right; each row above starts one byte later than stored.
     EXPECT_EQ(loadQuietly("narrow.bmp"), (std::vector<Rgb>{0x300040, 0x506000, 0x708090}));
-}
 
-TEST(BmpLoader, PaletteFilesGiveTheirPicture) {
-    ScratchDir dir;
     const Bytes bits1 = {0, 1, 1, 0, 1, 0, 0, 0, 1, 1, 1, 0, 0, 1, 0, 1, 1, 1, 0, 0};
+    std::vector<Rgb> mono;
+    for (auto bit : bits1) mono.push_back(bit ? 0xFFFFFF : 0);
     writeBytes("mono.bmp", makeBmpIndexed(1, 10, 2, bits1, {0x000000, 0xFFFFFF}));
-    std::vector<Rgb> mono = loadQuietly("mono.bmp");
-    for (std::size_t i = 0; i < bits1.size(); ++i) EXPECT_EQ(mono[i], bits1[i] ? 0xFFFFFFu : 0u) << i;
+    EXPECT_EQ(loadQuietly("mono.bmp"), mono);
 
     const Bytes indices = {5, 0, 3, 1, 4, 2};
     std::vector<Rgb> expected;
     for (auto i : indices) expected.push_back(table[i]);
-    writeBytes("four.bmp", makeBmpIndexed(4, 3, 2, indices, table));
-    EXPECT_EQ(loadQuietly("four.bmp"), expected);
-    writeBytes("eight.bmp", makeBmpIndexed(8, 3, 2, indices, table));
-    EXPECT_EQ(loadQuietly("eight.bmp"), expected);
+    for (int bitCount : {4, 8}) {
+        writeBytes("indexed.bmp", makeBmpIndexed(bitCount, 3, 2, indices, table));
+        EXPECT_EQ(loadQuietly("indexed.bmp"), expected) << bitCount;
+    }
 }
 
 TEST(BmpLoader, RunLengthData) {
     ScratchDir dir;
-    const Bytes rle8 = {3, 1, 0, 0,                 // bottom row: three of index 1, end of line
-                        0, 2, 2, 0,                 // skip two pixels right
-                        0, 3, 2, 3, 2, 0, 0, 0,     // three literals (the last falls outside), pad, end of line
-                        2, 4, 0, 1};                // two of index 4, end of bitmap
+    const Bytes rle8 = {3, 1, 0, 0,              // bottom row: three of index 1, end of line
+                        0, 2, 2, 0,              // skip two pixels right
+                        0, 3, 2, 3, 2, 0, 0, 0,  // three literals (the last falls outside), pad, end of line
+                        2, 4, 0, 1};             // two of index 4, end of bitmap
     writeBytes("rle8.bmp", makeBmpRle(8, 4, 3, rle8, table));
     // Pixels the stream never reaches are black, not colour 0.
     EXPECT_EQ(loadQuietly("rle8.bmp"), (std::vector<Rgb>{table[4], table[4], 0, 0,  //
@@ -66,15 +56,12 @@ TEST(BmpLoader, RunLengthData) {
 
     // An odd RLE4 run ends on a high nibble; a literal of three nibbles takes two bytes.
     writeBytes("rle4.bmp", makeBmpRle(4, 6, 1, {3, 0x12, 0, 3, 0x34, 0x50, 0, 1}, table));
-    EXPECT_EQ(loadQuietly("rle4.bmp"),
-              (std::vector<Rgb>{table[1], table[2], table[1], table[3], table[4], table[5]}));
+    EXPECT_EQ(loadQuietly("rle4.bmp"), (std::vector<Rgb>{table[1], table[2], table[1], table[3], table[4], table[5]}));
 }
 
 TEST(BmpLoader, HeaderReportAtTheFullLevel) {
-    ScratchDir dir;
-    Bytes file = makeBmp24(2, 2, {0, 0, 0, 0});
     BmpHeader header;
-    ASSERT_EQ(readBmpHeader(file, header), DecodeStatus::ok);
+    ASSERT_EQ(readBmpHeader(makeBmp24(2, 2, {0, 0, 0, 0}), header), DecodeStatus::ok);
     testing::internal::CaptureStdout();
     printBmpHeaderReport(header, fullReportLevel);
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
@@ -86,37 +73,37 @@ TEST(BmpLoader, HeaderReportAtTheFullLevel) {
               "\nColors ............... : 0\nImportant Colors ..... : 0\n");
 }
 
-TEST(BmpLoader, BadFiles) {
+TEST(BmpLoader, BadFilesGiveTheFramedLogAndTheirText) {
     ScratchDir dir;
     const Bytes good = makeBmp24(3, 3, std::vector<Rgb>(9, 0x123456));
-    Bytes type = good;
-    type[1] = 'X';
-    writeBytes("type.bmp", type);
-    Bytes depth = good;
-    depth[28] = 16;
-    writeBytes("depth.bmp", depth);
+    auto changed = [&](std::size_t at, std::uint8_t value) {
+        Bytes file = good;
+        file[at] = value;
+        return file;
+    };
+    writeBytes("type.bmp", changed(1, 'X'));
+    writeBytes("depth.bmp", changed(28, 16));
+    writeBytes("huge.bmp", changed(20, 1));  // width 3 + 2^24
     writeBytes("cut.bmp", Bytes(good.begin(), good.end() - 5));
     writeBytes("header.bmp", Bytes(good.begin(), good.begin() + 30));
-    Bytes huge = good;
-    huge[20] = 0x01;  // width 3 + 2^24
-    writeBytes("huge.bmp", huge);
     writeBytes("rlecut.bmp", makeBmpRle(8, 4, 3, {3, 1, 0, 0, 0, 5, 1}, table));
 
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(failureLog([] { ImageLoader::LoadLayer32bpp("type.bmp"); }, "loadBmp error"),
-              framed("loadBmp error, the file was : type.bmp"));
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "\n\nError : Unsupported file format.\n\nFile : type.bmp\n\n");
-
-    testing::internal::CaptureStdout();
-    failureLog([] { ImageLoader::LoadLayer32bpp("depth.bmp"); }, "loadBmp error");
-    EXPECT_EQ(testing::internal::GetCapturedStdout(), "\nError : Unsupported biBitCount.\n\n");
-
-    failureLog([] { ImageLoader::LoadLayer32bpp("missing.bmp"); }, "loadBmp error");
-    failureLog([] { ImageLoader::LoadLayer32bpp("cut.bmp"); }, "loadBmp error : data ends early in cut.bmp");
-    failureLog([] { ImageLoader::LoadLayer32bpp("header.bmp"); }, "loadBmp error : data ends early in header.bmp");
-    failureLog([] { ImageLoader::LoadLayer32bpp("rlecut.bmp"); }, "loadBmp error : data ends early in rlecut.bmp");
-    failureLog([] { ImageLoader::LoadLayer32bpp("huge.bmp"); },
-               "loadBmp error : picture size out of range in huge.bmp");
+    const struct {
+        std::string file, message, printed;
+    } cases[] = {
+        {"type.bmp", "loadBmp error", "\n\nError : Unsupported file format.\n\nFile : type.bmp\n\n"},
+        {"depth.bmp", "loadBmp error", "\nError : Unsupported biBitCount.\n\n"},
+        {"missing.bmp", "loadBmp error", ""},
+        {"cut.bmp", "loadBmp error : data ends early in cut.bmp", ""},
+        {"header.bmp", "loadBmp error : data ends early in header.bmp", ""},
+        {"rlecut.bmp", "loadBmp error : data ends early in rlecut.bmp", ""},
+        {"huge.bmp", "loadBmp error : picture size out of range in huge.bmp", ""},
+    };
+    for (const auto& c : cases) {
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(failureLog(asLayer32, c.file, c.message), framed("loadBmp error, the file was : " + c.file));
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), c.printed) << c.file;
+    }
 }
 
 }  // namespace

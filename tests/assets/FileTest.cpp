@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "script/TextParser.hpp"
-#include "shell/error.hpp"
 #include "support/TestSupport.hpp"
 #include "support/ZipWriter.hpp"
 
@@ -12,18 +10,12 @@ namespace {
 
 using test::ScratchDir;
 
-// Every test leaves the process in disk mode, whatever happens.
+// Every archive test leaves the process in disk mode, whatever happens.
 struct ArchiveModeGuard {
     ~ArchiveModeGuard() { File::resetToDisk(); }
 };
 
-std::string numbers(int n) {
-    std::string s;
-    for (int i = 0; i < n; ++i) s += static_cast<char>('a' + i % 26);
-    return s;
-}
-
-TEST(FileOnDisk, SizeReadSeekAndEnd) {
+TEST(FileOnDisk, ReadSeekEndAndLines) {
     ScratchDir dir;
     test::writeFile("data.bin", "0123456789");
     File file;
@@ -41,26 +33,23 @@ TEST(FileOnDisk, SizeReadSeekAndEnd) {
     EXPECT_EQ(file.read(buf, 1, 4), 2u);
     EXPECT_TRUE(file.endReached());
     EXPECT_FALSE(File().open("missing.bin"));
-}
 
-TEST(FileOnDisk, ReadLineSplitsLongLinesAndKeepsCarriageReturns) {
-    ScratchDir dir;
+    // Long lines are split at 255 characters; carriage returns are kept.
     test::writeFile("lines.txt", std::string(300, 'x') + "\nab\r\nlast");
-    File file;
-    ASSERT_TRUE(file.open("lines.txt"));
-    char buf[256];
-    EXPECT_EQ(file.readLine(buf, 256), 255);
-    EXPECT_EQ(file.readLine(buf, 256), 45);
-    EXPECT_EQ(file.readLine(buf, 256), 3);
-    EXPECT_STREQ(buf, "ab\r");
-    EXPECT_EQ(file.readLine(buf, 256), 4);
-    EXPECT_STREQ(buf, "last");
+    File lines;
+    ASSERT_TRUE(lines.open("lines.txt"));
+    char line[256];
+    for (int length : {255, 45, 3}) EXPECT_EQ(lines.readLine(line, 256), length);
+    EXPECT_STREQ(line, "ab\r");
+    EXPECT_EQ(lines.readLine(line, 256), 4);
+    EXPECT_STREQ(line, "last");
 }
 
 TEST(FileInArchive, MembersAreFoundWhateverTheirCase) {
     ScratchDir dir;
     ArchiveModeGuard guard;
-    std::string big = numbers(10000);
+    std::string big;
+    for (int i = 0; i < 10000; ++i) big += static_cast<char>('a' + i % 26);
     test::writeZip("demo.zip", {{"Main.TXT", "wait 1\n"}, {"pics/Big.bin", big}});
     test::writeFile("disk-only.txt", "not in the archive\n");
     File::switchToArchive("demo.zip");
@@ -71,16 +60,13 @@ TEST(FileInArchive, MembersAreFoundWhateverTheirCase) {
     char line[256];
     EXPECT_EQ(file.readLine(line, 256), 6);
     EXPECT_STREQ(line, "wait 1");
-    file.close();
-
     EXPECT_FALSE(File().open("disk-only.txt"));  // no fall-back to the disk
 
     File bin;
     ASSERT_TRUE(bin.open("PICS/BIG.BIN"));
     EXPECT_EQ(bin.size(), 10000);
     char buf[8];
-    // 8 bytes as 2 items of 4: the archive counts bytes / items.
-    EXPECT_EQ(bin.read(buf, 4, 2), 4u);
+    EXPECT_EQ(bin.read(buf, 4, 2), 4u);  // 8 bytes as 2 items of 4: the archive counts bytes / items
     EXPECT_EQ(std::string(buf, 8), big.substr(0, 8));
     bin.seek(5000, 0);  // forward by reading
     EXPECT_EQ(bin.read(buf, 1, 8), 1u);
@@ -94,7 +80,7 @@ TEST(FileInArchive, MembersAreFoundWhateverTheirCase) {
     EXPECT_TRUE(bin.endReached());
 }
 
-TEST(FileInArchive, SlotsAreReusedAndBoundedAt32) {
+TEST(FileInArchive, SlotsAreBoundedAt32AndAMissingArchiveOpensNothing) {
     ScratchDir dir;
     ArchiveModeGuard guard;
     test::writeZip("demo.zip", {{"a.txt", "a"}});
@@ -110,29 +96,11 @@ TEST(FileInArchive, SlotsAreReusedAndBoundedAt32) {
     EXPECT_FALSE(File().open("b.txt"));  // a failed open gives its slot back
     open.clear();
     for (int i = 0; i < File::slotCount; ++i) EXPECT_TRUE(File().open("a.txt"));
-}
 
-TEST(FileInArchive, ScriptsAreParsedFromTheArchive) {
-    ScratchDir dir;
-    ArchiveModeGuard guard;
-    test::writeZip("demo.zip", {{"config.txt", "640\r\n# comment\r\n480\r\n"}});
-    File::switchToArchive("demo.zip");
-    TextParser parser;
-    parser.open("CONFIG.txt");
-    ASSERT_TRUE(parser.nextLine());
-    EXPECT_EQ(parser.getInt(), 640);
-    ASSERT_TRUE(parser.nextLine());
-    EXPECT_EQ(parser.getInt(), 480);
-    EXPECT_FALSE(parser.nextLine());
-}
-
-TEST(FileInArchive, AMissingArchiveFailsEveryOpen) {
-    ScratchDir dir;
-    ArchiveModeGuard guard;
-    File::switchToArchive("nowhere.zip");
-    EXPECT_FALSE(File().open("main.txt"));
+    File::switchToArchive("nowhere.zip");  // a missing archive fails every open
+    EXPECT_FALSE(File().open("a.txt"));
     std::vector<std::uint8_t> bytes;
-    EXPECT_FALSE(readWholeFile("main.txt", bytes));
+    EXPECT_FALSE(readWholeFile("a.txt", bytes));
 }
 
 }  // namespace

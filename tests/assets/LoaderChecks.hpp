@@ -4,31 +4,50 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <functional>
 #include <string>
 #include <vector>
 
+#include "assets/ImageLoader.hpp"
+#include "script/Layer.hpp"
+#include "script/Palette.hpp"
 #include "shell/error.hpp"
 #include "shell/logstream.hpp"
 #include "support/TestSupport.hpp"
 
 namespace vz::test {
 
-// Runs `load` with a fresh log, expects error(message), and returns what it logged
+// The loader's entry points with their results dropped, so tables of cases can name them.
+using EntryPoint = void (*)(const std::string&);
+inline void asLayer32(const std::string& file) { ImageLoader::LoadLayer32bpp(file); }
+inline void asLayer8(const std::string& file) { ImageLoader::LoadLayer8bpp(file); }
+inline void asPalette(const std::string& file) { ImageLoader::LoadPalette(file); }
+inline void asLayerRle(const std::string& file) { ImageLoader::LoadLayerRle(file); }
+
+// Loads `file` with a fresh log, expects error(message), and returns what it logged
 // (the log's own opening and closing lines left out).
-inline std::vector<std::string> failureLog(const std::function<void()>& load, const std::string& message) {
+inline std::vector<std::string> failureLog(EntryPoint load, const std::string& file, const std::string& message) {
     startLog();
     try {
-        load();
-        ADD_FAILURE() << "expected error(\"" << message << "\")";
+        load(file);
+        ADD_FAILURE() << file << ": expected error(\"" << message << "\")";
     } catch (const error& e) {
-        EXPECT_EQ(e.what(), message);
+        EXPECT_EQ(e.what(), message) << file;
     }
     std::vector<std::string> lines = stopLogAndReadLines();
     return {lines.begin() + 2, lines.end() - 3};
 }
 
 inline std::vector<std::string> framed(const std::string& text) { return {dashLine, text, dashLine}; }
+
+// A file one entry point refuses with error(message), logging `log` and the file name framed.
+struct Refusal {
+    EntryPoint load;
+    std::string file, message, log;
+};
+
+inline void expectRefusals(const std::vector<Refusal>& cases) {
+    for (const auto& c : cases) EXPECT_EQ(failureLog(c.load, c.file, c.message), framed(c.log + c.file)) << c.file;
+}
 
 // Whether two 0x00RRGGBB colours differ by at most `tolerance` in every channel.
 inline bool nearColor(std::uint32_t a, std::uint32_t b, int tolerance) {

@@ -2,9 +2,6 @@
 
 #include "LoaderChecks.hpp"
 #include "PictureWriters.hpp"
-#include "assets/ImageLoader.hpp"
-#include "script/Layer.hpp"
-#include "script/Palette.hpp"
 
 namespace vz::test {
 namespace {
@@ -23,31 +20,24 @@ TEST(PcxLoader, EveryEntryPointGivesThePicture) {
     ScratchDir dir;
     const auto palette = rampPalette();
     writeBytes("pic.pcx", makePcx(5, 3, pcxIndices, palette));
-
     auto layer32 = ImageLoader::LoadLayer32bpp("pic.pcx");
     ASSERT_EQ(layer32->width, 5);
     ASSERT_EQ(layer32->height, 3);
     for (int i = 0; i < 15; ++i) EXPECT_EQ(layer32->pixels[i], palette[pcxIndices[i]]) << i;
-
     auto layer8 = ImageLoader::LoadLayer8bpp("pic.pcx");
     EXPECT_EQ(Bytes(layer8->pixels, layer8->pixels + 15), pcxIndices);
-
     EXPECT_EQ(ImageLoader::LoadPalette("pic.pcx")->colors, palette);
-
     auto rle = ImageLoader::LoadLayerRle("pic.pcx");
     EXPECT_EQ(rle->width, 5);
     EXPECT_EQ(rle->data, (Bytes{3, 7, 1, 200, 1, 0, 5, 0, 1, 255, 2, 9, 2, 2}));
-}
 
-TEST(PcxLoader, RunPassingTheEndIsToleratedAndThePaletteFollowsIt) {
-    ScratchDir dir;
-    // 2 x 2 picture: one literal, then a run of 63 that passes the end by 60 bytes.
-    Bytes file = makePcx(2, 2, {0, 0, 0, 0}, {});
+    // 2 x 2: one literal, then a run of 63 that passes the end by 60 bytes; the marker
+    // and the palette follow the run.
+    Bytes file = makePcx(2, 2, {}, {});
     file.resize(128);
     file.insert(file.end(), {5, 0xFF, 9, 12});
     for (int i = 0; i < 256; ++i) file.insert(file.end(), {static_cast<std::uint8_t>(i), 0, 0});
     writeBytes("long.pcx", file);
-
     auto layer = ImageLoader::LoadLayer8bpp("long.pcx");
     EXPECT_EQ(Bytes(layer->pixels, layer->pixels + 4), (Bytes{5, 9, 9, 9}));
     EXPECT_EQ(ImageLoader::LoadPalette("long.pcx")->colors[3], 0x030000u);
@@ -55,28 +45,25 @@ TEST(PcxLoader, RunPassingTheEndIsToleratedAndThePaletteFollowsIt) {
 
 TEST(PcxLoader, BadFilesReportTheDecoderAndTheFile) {
     ScratchDir dir;
-    Bytes good = makePcx(5, 3, pcxIndices, rampPalette());
-    Bytes badVersion = good;
-    badVersion[1] = 4;
-    writeBytes("version.pcx", badVersion);
+    const Bytes good = makePcx(5, 3, pcxIndices, rampPalette());
+    Bytes version = good;
+    version[1] = 4;
+    writeBytes("version.pcx", version);
     writeBytes("cut.pcx", Bytes(good.begin(), good.begin() + 133));
     writeBytes("nopalette.pcx", Bytes(good.begin(), good.end() - 10));
     Bytes huge = good;
     huge[4] = 0x00, huge[5] = 0x80, huge[8] = 0xFF, huge[9] = 0x7F;  // xmin -32768, xmax 32767
     writeBytes("huge.pcx", huge);
 
-    EXPECT_EQ(failureLog([] { ImageLoader::LoadLayer32bpp("version.pcx"); }, "loadPcx error"),
-              framed("loadPcx error, the file was : version.pcx"));
-    EXPECT_EQ(failureLog([] { ImageLoader::LoadLayer8bpp("missing.pcx"); }, "loadPcx error"),
-              framed("loadPcx error, the file was : missing.pcx"));
-    EXPECT_EQ(failureLog([] { ImageLoader::LoadPalette("version.pcx"); }, "loadPalettePcx error"),
-              framed("loadPalettePcx error, the file was : version.pcx"));
-    EXPECT_EQ(failureLog([] { ImageLoader::LoadLayerRle("cut.pcx"); }, "loadPcx error : data ends early in cut.pcx"),
-              framed("loadPcx error, the file was : cut.pcx"));
-    failureLog([] { ImageLoader::LoadPalette("nopalette.pcx"); },
-               "loadPalettePcx error : data ends early in nopalette.pcx");
-    failureLog([] { ImageLoader::LoadLayer32bpp("huge.pcx"); },
-               "loadPcx error : picture size out of range in huge.pcx");
+    const std::string layerLog = "loadPcx error, the file was : ", paletteLog = "loadPalettePcx error, the file was : ";
+    expectRefusals({
+        {asLayer32, "version.pcx", "loadPcx error", layerLog},
+        {asLayer8, "missing.pcx", "loadPcx error", layerLog},
+        {asPalette, "version.pcx", "loadPalettePcx error", paletteLog},
+        {asLayerRle, "cut.pcx", "loadPcx error : data ends early in cut.pcx", layerLog},
+        {asPalette, "nopalette.pcx", "loadPalettePcx error : data ends early in nopalette.pcx", paletteLog},
+        {asLayer32, "huge.pcx", "loadPcx error : picture size out of range in huge.pcx", layerLog},
+    });
 }
 
 }  // namespace

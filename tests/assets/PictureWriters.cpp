@@ -10,9 +10,11 @@ namespace vz::test {
 
 namespace {
 
+std::uint8_t low8(std::uint32_t v) { return static_cast<std::uint8_t>(v); }
+
 void put16(Bytes& out, unsigned v) {
-    out.push_back(static_cast<std::uint8_t>(v));
-    out.push_back(static_cast<std::uint8_t>(v >> 8));
+    out.push_back(low8(v));
+    out.push_back(low8(v >> 8));
 }
 
 void put32(Bytes& out, std::uint32_t v) {
@@ -21,87 +23,83 @@ void put32(Bytes& out, std::uint32_t v) {
 }
 
 void putRgb(Bytes& out, Rgb c) {
-    out.push_back(static_cast<std::uint8_t>(c >> 16));
-    out.push_back(static_cast<std::uint8_t>(c >> 8));
-    out.push_back(static_cast<std::uint8_t>(c));
+    for (int shift : {16, 8, 0}) out.push_back(low8(c >> shift));
 }
 
-class BitWriter {
-public:
-    void put(unsigned code, int width) {
-        bits_ |= static_cast<std::uint64_t>(code) << count_;
-        count_ += width;
-        while (count_ >= 8) flushByte();
-    }
-    Bytes finish() {
-        while (count_ > 0) flushByte();
-        return std::move(bytes_);
-    }
-
-private:
-    void flushByte() {
-        bytes_.push_back(static_cast<std::uint8_t>(bits_));
-        bits_ >>= 8;
-        count_ = count_ > 8 ? count_ - 8 : 0;
-    }
-    Bytes bytes_;
-    std::uint64_t bits_ = 0;
-    int count_ = 0;
-};
-
+// Codes are packed least significant bit first; the width grows when the next free code
+// no longer fits, and a full dictionary is restarted with a clear code.
 Bytes lzwCodes(const Bytes& indices, int minimumCodeSize) {
     const unsigned clear = 1u << minimumCodeSize;
     std::vector<std::uint16_t> child(4096 * 256, 0);  // (code, byte) -> code; 0 = none
-    BitWriter out;
+    Bytes out;
+    std::uint64_t bits = 0;
+    int count = 0;
     int width = minimumCodeSize + 1;
     unsigned next = clear + 2;
-    out.put(clear, width);
-    if (indices.empty()) {
-        out.put(clear + 1, width);
-        return out.finish();
-    }
-    unsigned prefix = indices[0];
-    for (std::size_t i = 1; i < indices.size(); ++i) {
-        std::uint8_t c = indices[i];
-        if (std::uint16_t known = child[prefix * 256 + c]) {
-            prefix = known;
-            continue;
-        }
-        out.put(prefix, width);
+    auto put = [&](unsigned code) {
+        bits |= static_cast<std::uint64_t>(code) << count;
+        for (count += width; count >= 8; count -= 8, bits >>= 8) out.push_back(low8(bits));
+    };
+    auto putAndGrow = [&](unsigned code) {
+        put(code);
         if (next == (1u << width) && width < 12) ++width;
-        if (next < 4096) {
-            child[prefix * 256 + c] = static_cast<std::uint16_t>(next++);
-        } else {
-            out.put(clear, width);
-            std::fill(child.begin(), child.end(), 0);
-            width = minimumCodeSize + 1;
-            next = clear + 2;
+    };
+    put(clear);
+    if (!indices.empty()) {
+        unsigned prefix = indices[0];
+        for (std::size_t i = 1; i < indices.size(); ++i) {
+            const std::uint8_t c = indices[i];
+            if (std::uint16_t known = child[prefix * 256 + c]) {
+                prefix = known;
+                continue;
+            }
+            putAndGrow(prefix);
+            if (next < 4096) {
+                child[prefix * 256 + c] = static_cast<std::uint16_t>(next++);
+            } else {
+                put(clear);
+                std::fill(child.begin(), child.end(), 0);
+                width = minimumCodeSize + 1;
+                next = clear + 2;
+            }
+            prefix = c;
         }
-        prefix = c;
+        putAndGrow(prefix);
     }
-    out.put(prefix, width);
-    if (next == (1u << width) && width < 12) ++width;
-    out.put(clear + 1, width);
-    return out.finish();
+    put(clear + 1);
+    if (count > 0) out.push_back(low8(bits));
+    return out;
 }
+
+Bytes bmpHeaders(int bitCount, int width, int height, std::uint32_t compression, const std::vector<Rgb>& table,
+                 std::size_t dataSize) {
+    const auto entries = static_cast<std::uint32_t>(table.size());
+    const std::uint32_t offset = 54 + entries * 4, size = static_cast<std::uint32_t>(dataSize);
+    Bytes out = {'B', 'M'};
+    for (std::uint32_t v : {offset + size, 0u, offset, 40u}) put32(out, v);
+    put32(out, static_cast<std::uint32_t>(width));
+    put32(out, static_cast<std::uint32_t>(height));
+    put16(out, 1);
+    put16(out, static_cast<unsigned>(bitCount));
+    for (std::uint32_t v : {compression, size, 2835u, 2835u, entries, 0u}) put32(out, v);
+    for (Rgb c : table) put32(out, c & 0xFFFFFF);  // blue, green, red, 0
+    return out;
+}
+
+std::size_t paddedRow(std::size_t bytes) { return (bytes + 3) & ~std::size_t{3}; }
 
 }  // namespace
 
 Bytes makePcx(int width, int height, const Bytes& indices, const std::array<Rgb, 256>& palette) {
-    Bytes out(128, 0);
-    out[0] = 10;
-    out[1] = 5;
-    out[2] = 1;
-    out[3] = 8;
-    out[8] = static_cast<std::uint8_t>(width - 1);
-    out[9] = static_cast<std::uint8_t>((width - 1) >> 8);
-    out[10] = static_cast<std::uint8_t>(height - 1);
-    out[11] = static_cast<std::uint8_t>((height - 1) >> 8);
+    Bytes out = {10, 5, 1, 8, 0, 0, 0, 0};
+    put16(out, static_cast<unsigned>(width - 1));
+    put16(out, static_cast<unsigned>(height - 1));
+    out.resize(128, 0);
     out[65] = 1;
     for (std::size_t i = 0; i < indices.size();) {
         std::size_t run = 1;
         while (i + run < indices.size() && run < 63 && indices[i + run] == indices[i]) ++run;
-        if (run > 1 || indices[i] >= 0xC0) out.push_back(static_cast<std::uint8_t>(0xC0 | run));
+        if (run > 1 || indices[i] >= 0xC0) out.push_back(low8(0xC0 | run));
         out.push_back(indices[i]);
         i += run;
     }
@@ -111,11 +109,11 @@ Bytes makePcx(int width, int height, const Bytes& indices, const std::array<Rgb,
 }
 
 Bytes gifImageData(const Bytes& indices, int minimumCodeSize) {
-    Bytes codes = lzwCodes(indices, minimumCodeSize);
+    const Bytes codes = lzwCodes(indices, minimumCodeSize);
     Bytes out;
     for (std::size_t i = 0; i < codes.size(); i += 255) {
-        std::size_t n = std::min<std::size_t>(255, codes.size() - i);
-        out.push_back(static_cast<std::uint8_t>(n));
+        const std::size_t n = std::min<std::size_t>(255, codes.size() - i);
+        out.push_back(low8(n));
         out.insert(out.end(), codes.begin() + static_cast<long>(i), codes.begin() + static_cast<long>(i + n));
     }
     out.push_back(0);
@@ -128,65 +126,27 @@ Bytes makeGif(int width, int height, const Bytes& indices, const std::vector<Rgb
     put16(out, layout.screenHeight ? layout.screenHeight : height);
     int sizeBits = 0;
     while (layout.globalTableEntries > (2 << sizeBits)) ++sizeBits;
-    out.push_back(static_cast<std::uint8_t>(layout.globalTableEntries ? 0x80 | 0x70 | sizeBits : 0x70));
-    out.push_back(0);
-    out.push_back(0);
+    out.insert(out.end(), {low8(layout.globalTableEntries ? 0xF0 | sizeBits : 0x70), 0, 0});
     for (int i = 0; i < layout.globalTableEntries; ++i) putRgb(out, i < static_cast<int>(table.size()) ? table[i] : 0);
-    // A graphic control extension, which the reader skips.
-    out.insert(out.end(), {0x21, 0xF9, 4, 0, 0, 0, 0, 0});
-    out.push_back(0x2C);
-    put16(out, 0);
-    put16(out, 0);
-    put16(out, width);
-    put16(out, height);
-    out.push_back(layout.interlaced ? 0x40 : 0);
-    out.push_back(static_cast<std::uint8_t>(layout.minimumCodeSize));
-    Bytes data = gifImageData(indices, layout.minimumCodeSize);
+    // A graphic control extension, which the reader skips, then the image descriptor.
+    out.insert(out.end(), {0x21, 0xF9, 4, 0, 0, 0, 0, 0, 0x2C, 0, 0, 0, 0});
+    put16(out, static_cast<unsigned>(width));
+    put16(out, static_cast<unsigned>(height));
+    out.insert(out.end(), {low8(layout.interlaced ? 0x40 : 0), low8(layout.minimumCodeSize)});
+    const Bytes data = gifImageData(indices, layout.minimumCodeSize);
     out.insert(out.end(), data.begin(), data.end());
     out.push_back(0x3B);
     return out;
 }
 
-namespace {
-
-Bytes bmpHeaders(int bitCount, int width, int height, std::uint32_t compression, const std::vector<Rgb>& table,
-                 std::size_t dataSize) {
-    std::uint32_t offset = 54 + static_cast<std::uint32_t>(table.size()) * 4;
-    Bytes out = {'B', 'M'};
-    put32(out, offset + static_cast<std::uint32_t>(dataSize));
-    put32(out, 0);
-    put32(out, offset);
-    put32(out, 40);
-    put32(out, static_cast<std::uint32_t>(width));
-    put32(out, static_cast<std::uint32_t>(height));
-    put16(out, 1);
-    put16(out, static_cast<unsigned>(bitCount));
-    put32(out, compression);
-    put32(out, static_cast<std::uint32_t>(dataSize));
-    put32(out, 2835);
-    put32(out, 2835);
-    put32(out, static_cast<std::uint32_t>(table.size()));
-    put32(out, 0);
-    for (Rgb c : table) {
-        put16(out, c & 0xFFFF);
-        put16(out, (c >> 16) & 0xFF);
-    }
-    return out;
-}
-
-std::size_t paddedRow(std::size_t bytes) { return (bytes + 3) & ~std::size_t{3}; }
-
-}  // namespace
-
 Bytes makeBmp24(int width, int height, const std::vector<Rgb>& pixels) {
-    std::size_t row = paddedRow(static_cast<std::size_t>(width) * 3);
+    const std::size_t row = paddedRow(static_cast<std::size_t>(width) * 3);
     Bytes out = bmpHeaders(24, width, height, 0, {}, row * height);
     for (int y = height - 1; y >= 0; --y) {
-        std::size_t start = out.size();
+        const std::size_t start = out.size();
         for (int x = 0; x < width; ++x) {
-            Rgb c = pixels[static_cast<std::size_t>(y * width + x)];
-            out.insert(out.end(), {static_cast<std::uint8_t>(c), static_cast<std::uint8_t>(c >> 8),
-                                   static_cast<std::uint8_t>(c >> 16)});
+            const Rgb c = pixels[static_cast<std::size_t>(y * width + x)];
+            out.insert(out.end(), {low8(c), low8(c >> 8), low8(c >> 16)});
         }
         out.resize(start + row, 0);
     }
@@ -194,12 +154,12 @@ Bytes makeBmp24(int width, int height, const std::vector<Rgb>& pixels) {
 }
 
 Bytes makeBmpIndexed(int bitCount, int width, int height, const Bytes& indices, const std::vector<Rgb>& table) {
-    std::size_t row = paddedRow((static_cast<std::size_t>(width) * bitCount + 7) / 8);
+    const std::size_t row = paddedRow((static_cast<std::size_t>(width) * bitCount + 7) / 8);
     Bytes out = bmpHeaders(bitCount, width, height, 0, table, row * height);
     for (int y = height - 1; y >= 0; --y) {
         Bytes packed(row, 0);
         for (int x = 0; x < width; ++x) {
-            int bit = x * bitCount;
+            const int bit = x * bitCount;
             packed[static_cast<std::size_t>(bit / 8)] |=
                 static_cast<std::uint8_t>(indices[static_cast<std::size_t>(y * width + x)] << (8 - bitCount - bit % 8));
         }
@@ -231,8 +191,8 @@ Bytes makeJpeg(int width, int height, int channels, const Bytes& samples) {
     for (int i = 0; i < info.num_components; ++i) info.comp_info[i].h_samp_factor = info.comp_info[i].v_samp_factor = 1;
     jpeg_start_compress(&info, TRUE);
     while (info.next_scanline < info.image_height) {
-        JSAMPROW row = const_cast<std::uint8_t*>(samples.data()) +
-                       static_cast<std::size_t>(info.next_scanline) * width * channels;
+        const std::size_t at = static_cast<std::size_t>(info.next_scanline) * width * channels;
+        JSAMPROW row = const_cast<std::uint8_t*>(samples.data()) + at;
         jpeg_write_scanlines(&info, &row, 1);
     }
     jpeg_finish_compress(&info);
