@@ -68,7 +68,6 @@ TEST_F(PalettesTest, LutBuildersRefuseTablesTooSmall) {
     addPalette("pal");
     addColor("c", 0);
     EXPECT_EQ(errorOf([&] { make("shadingLut small pal c c"); }), "shadingLut : small is 16x16, a lut needs 65536 pixels");
-    EXPECT_EQ(errorOf([&] { make("alphaLut pal pal pal"); }), "Repository::aquire failure");
 }
 
 TEST_F(PalettesTest, BlendsTruncateAndWrapOutsideZeroToOne) {
@@ -99,23 +98,17 @@ TEST_F(PalettesTest, RotatePaletteMapping) {
     EXPECT_EQ(target.colors, ramp("check").colors);
 
     make("rotatePalette target source constInt 257")->run(0);  // k = 1
-    EXPECT_EQ(target.colors[0], 1u);
-    EXPECT_EQ(target.colors[1], 0u);
-    EXPECT_EQ(target.colors[255], 254u);
+    EXPECT_EQ(std::vector<std::uint32_t>({target.colors[0], target.colors[1], target.colors[255]}), (std::vector<std::uint32_t>{1, 0, 254}));
 
     make("rotatePalette target source constInt 200")->run(0);
-    EXPECT_EQ(target.colors[0], 200u);
-    EXPECT_EQ(target.colors[55], 255u);
-    EXPECT_EQ(target.colors[56], 0u);  // past source entry 255: back to the start
-    EXPECT_EQ(target.colors[199], 143u);
-    EXPECT_EQ(target.colors[200], 0u);
-    EXPECT_EQ(target.colors[255], 55u);
+    // Past source entry 255 back to the start at 56; from 200 on, entry i - 200.
+    for (auto [i, value] : {std::pair{0, 200u}, {55, 255u}, {56, 0u}, {199, 143u}, {200, 0u}, {255, 55u}})
+        EXPECT_EQ(target.colors[i], value) << i;
 
+    make("rotatePalette target source constInt 1")->run(0);
     Palette& self = ramp("self");
-    make("rotatePalette self self constInt 1")->run(0);
-    EXPECT_EQ(self.colors[0], 1u);
-    EXPECT_EQ(self.colors[1], 0u);
-    EXPECT_EQ(self.colors[255], 254u);
+    make("rotatePalette self self constInt 1")->run(0);  // in place, as from a copy
+    EXPECT_EQ(self.colors, target.colors);
 }
 
 TEST_F(PalettesTest, PaletteAlphaBytes) {

@@ -15,90 +15,67 @@ using Pixels = std::vector<std::uint32_t>;
 // A 4x2 target, its buffer and a pattern holding these greys in reading order.
 class PatternTransition : public EffectTest {
 protected:
-    static constexpr std::uint8_t greys[8] = {0, 1, 100, 127, 128, 200, 254, 255};
-    PatternTransition() {
-        target_ = &addLayer32("dst", 4, 2);
-        buffer_ = &addLayer32("buf", 4, 2);
-        Layer8bpp& pattern = addLayer8("pat", 4, 2);
-        for (int i = 0; i < 8; ++i) {
-            target_->pixels[i] = 0x100 + i;
-            buffer_->pixels[i] = 0x00FFFFFF - i;
-            pattern.pixels[i] = greys[i];
-        }
+    PatternTransition() : target_(addLayer32("dst", 4, 2)), buffer_(addLayer32("buf", 4, 2)) {
+        setPixels(buffer_, {0xFFFFFF, 0xFFFFFE, 0xFFFFFD, 0xFFFFFC, 0xFFFFFB, 0xFFFFFA, 0xFFFFF9, 0xFFFFF8});
+        const std::uint8_t greys[8] = {0, 1, 100, 127, 128, 200, 254, 255};
+        std::copy(greys, greys + 8, addLayer8("pat", 4, 2).pixels);
         Palette& palette = addPalette("pal");
         for (int i = 0; i < 256; ++i) palette.colors[i] = static_cast<std::uint32_t>(i) << 16;
+        reset();
     }
+    void reset() { setPixels(target_, {0x100, 0x101, 0x102, 0x103, 0x104, 0x105, 0x106, 0x107}); }
     // Runs the line at t and returns, per pixel, 'B' for the buffer's pixel, 'T' for the
     // target's untouched and '?' for anything else.
     std::string show(const std::string& line, float t) {
-        for (int i = 0; i < 8; ++i) target_->pixels[i] = 0x100 + i;
+        reset();
         make(line)->run(t);
         std::string text;
         for (int i = 0; i < 8; ++i)
-            text += target_->pixels[i] == buffer_->pixels[i] ? 'B' : target_->pixels[i] == 0x100u + i ? 'T' : '?';
+            text += target_.pixels[i] == buffer_.pixels[i] ? 'B' : target_.pixels[i] == 0x100u + i ? 'T' : '?';
         return text;
     }
-    Layer32bpp* target_;
-    Layer32bpp* buffer_;
+    Layer32bpp& target_;
+    Layer32bpp& buffer_;
 };
 
-TEST_F(PatternTransition, BoolSwitchesThePixelsUpToTheLevelsLowByte) {
-    const std::string line = "patternTransitionBool32bpp dst buf pat";
-    EXPECT_EQ(show(line, 0.0f), "BTTTTTTT");
-    EXPECT_EQ(show(line, 0.5f), "BBBBBTTT");
-    EXPECT_EQ(show(line, 0.999f), "BBBBBBBB");
-    EXPECT_EQ(show(line, -0.5f), "BBBBBTTT");  // level -128, byte 128
-    EXPECT_EQ(show(line, -0.01f), "BBBBBBBT");  // level -2, byte 254
-}
-
-TEST_F(PatternTransition, FromTimeOneTheWholeBufferIsCopied) {
-    buffer_->pixels[0] = 0xAB000000;  // alpha byte included
-    for (const char* line : {"patternTransitionBool32bpp dst buf pat", "patternTransitionAdd32bpp dst buf pat pal 3",
-                             "patternTransitionAlpha32bpp dst buf pat"}) {
-        EXPECT_EQ(show(line, 1.0f), "BBBBBBBB") << line;
-        EXPECT_EQ(show(line, 7.5f), "BBBBBBBB") << line;
-    }
+TEST_F(PatternTransition, WhichPixelsTakeTheBufferFromStartToEnd) {
+    buffer_.pixels[0] = 0xAB000000;  // from t = 1 the alpha byte is copied too
+    const std::string plain = "patternTransitionBool32bpp dst buf pat", add = "patternTransitionAdd32bpp dst buf pat pal 3",
+                      alpha = "patternTransitionAlpha32bpp dst buf pat";
+    const std::tuple<std::string, float, const char*> cases[] = {
+        {plain, 0.0f, "BTTTTTTT"}, {plain, 0.5f, "BBBBBTTT"}, {plain, 0.999f, "BBBBBBBB"},
+        {plain, -0.5f, "BBBBBTTT"},   // level -128, byte 128
+        {plain, -0.01f, "BBBBBBBT"},  // level -2, byte 254
+        {add, -0.5f, "TTTTTTTT"}, {alpha, -0.5f, "TTTTTTTT"},
+        {alpha, 0.0f, "TTTTTTTT"},  // grey 0 has k = 32
+        {plain, 1.0f, "BBBBBBBB"}, {add, 1.0f, "BBBBBBBB"}, {alpha, 1.0f, "BBBBBBBB"}, {alpha, 7.5f, "BBBBBBBB"}};
+    for (const auto& [line, t, shown] : cases) EXPECT_EQ(show(line, t), shown) << line << " at " << t;
 }
 
 TEST_F(PatternTransition, AddShowsAPaletteFrontAroundTheLevel) {
-    make("patternTransitionAdd32bpp dst buf pat pal 2")->run(0.5f);  // level 128
+    const Pixels s = pixelsOf(buffer_);
     auto glow = [&](int k, std::uint32_t base) { return blendPixel(renduAdd, std::uint32_t(128 + k) << 16, base); };
-    EXPECT_EQ(pixelsOf(*target_), (Pixels{buffer_->pixels[0], buffer_->pixels[1], buffer_->pixels[2],
-                                          glow(-1, buffer_->pixels[3]), glow(0, 0x104), 0x105, 0x106, 0x107}));
-}
-
-TEST_F(PatternTransition, AddWithWidthZeroHasAOneLevelFrontOnTheTarget) {
+    make("patternTransitionAdd32bpp dst buf pat pal 2")->run(0.5f);  // level 128
+    EXPECT_EQ(pixelsOf(target_), (Pixels{s[0], s[1], s[2], glow(-1, s[3]), glow(0, 0x104), 0x105, 0x106, 0x107}));
+    // Width 0: a one-level front on the target.
+    reset();
     make("patternTransitionAdd32bpp dst buf pat pal 0")->run(0.5f);
-    EXPECT_EQ(target_->pixels[3], buffer_->pixels[3]);
-    EXPECT_EQ(target_->pixels[4], blendPixel(renduAdd, 128u << 16, 0x104));
-    EXPECT_EQ(target_->pixels[5], 0x105u);
-}
-
-TEST_F(PatternTransition, NegativeTimeLeavesAddAndAlphaUnchanged) {
-    EXPECT_EQ(show("patternTransitionAdd32bpp dst buf pat pal 5", -0.5f), "TTTTTTTT");
-    EXPECT_EQ(show("patternTransitionAlpha32bpp dst buf pat", -0.5f), "TTTTTTTT");
-    EXPECT_EQ(show("patternTransitionAlpha32bpp dst buf pat", 0.0f), "TTTTTTTT");  // grey 0 has k = 32
-}
-
-TEST_F(PatternTransition, AddFrontsWiderThanHalfThePaletteStayInsideIt) {
-    Palette& palette = Repository::instance().aquireAs<Palette>("pal");
-    palette.colors[0] = 0x000001;
+    EXPECT_EQ(pixelsOf(target_), (Pixels{s[0], s[1], s[2], s[3], glow(0, 0x104), 0x105, 0x106, 0x107}));
+    // Wider than half the palette: grey 0 sits 255 levels behind the front, its entry held at 0.
+    Repository::instance().aquireAs<Palette>("pal").colors[0] = 0x000001;
     make("patternTransitionAdd32bpp dst buf pat pal 300")->run(0.999f);  // level 255
-    // Grey 0 sits 255 levels behind the front: its entry is held at 0.
-    EXPECT_EQ(target_->pixels[0], blendPixel(renduAdd, 0x000001, buffer_->pixels[0]));
+    EXPECT_EQ(target_.pixels[0], blendPixel(renduAdd, 0x000001, s[0]));
 }
 
 TEST_F(PatternTransition, AlphaBlendsA32LevelFrontAndReadsNoWidth) {
     // The width on the line is not read, whatever it says.
     make("patternTransitionAlpha32bpp dst buf pat 7")->run(0.5f);  // level 128: front 96..128
-    const Pixels& s = pixelsOf(*buffer_);
-    EXPECT_EQ(pixelsOf(*target_), (Pixels{s[0], s[1], blendPixel(28, s[2], 0x102), blendPixel(1, s[3], 0x103),
+    const Pixels& s = pixelsOf(buffer_);
+    EXPECT_EQ(pixelsOf(target_), (Pixels{s[0], s[1], blendPixel(28, s[2], 0x102), blendPixel(1, s[3], 0x103),
                                           0x104, 0x105, 0x106, 0x107}));
-    setPixels(*target_, {0x100, 0x101, 0x102, 0x103, 0x104, 0x105, 0x106, 0x107});
+    reset();
     make("patternTransitionAlpha32bpp dst buf pat")->run(0.999f);  // level 255: front 223..255
-    EXPECT_EQ(target_->pixels[5], s[5]);
-    EXPECT_EQ(target_->pixels[6], blendPixel(1, s[6], 0x106));
-    EXPECT_EQ(target_->pixels[7], 0x107u);
+    EXPECT_EQ(pixelsOf(target_), (Pixels{s[0], s[1], s[2], s[3], s[4], s[5], blendPixel(1, s[6], 0x106), 0x107}));
 }
 
 TEST_F(PatternTransition, PatternAndBufferMustCoverTheTarget) {
@@ -117,85 +94,71 @@ TEST_F(PatternTransition, PatternAndBufferMustCoverTheTarget) {
 // source column (a, b, c, ...).
 class ScanLines : public EffectTest {
 protected:
-    ScanLines() {
-        target_ = &addLayer32("dst", 8, 4);
+    ScanLines() : target_(addLayer32("dst", 8, 4)) {
         Layer32bpp& src = addLayer32("src", 8, 4);
-        for (int y = 0; y < 4; ++y)
-            for (int x = 0; x < 8; ++x) src.row(y)[x] = static_cast<std::uint32_t>('a' + x);
+        for (int i = 0; i < 32; ++i) src.pixels[i] = static_cast<std::uint32_t>('a' + i % 8);
     }
-    std::string rows() const {
+    std::string after(const std::string& line, float t) {
+        std::fill_n(target_.pixels, 32, 0u);
+        make(line)->run(t);
         std::string text;
-        for (int y = 0; y < 4; ++y) {
-            if (y) text += '|';
-            for (int x = 0; x < 8; ++x) {
-                const std::uint32_t p = target_->row(y)[x];
-                text += p == 0 ? '.' : static_cast<char>(p);
-            }
+        for (int i = 0; i < 32; ++i) {
+            if (i && i % 8 == 0) text += '|';
+            text += target_.pixels[i] ? static_cast<char>(target_.pixels[i]) : '.';
         }
         return text;
     }
-    std::string after(const std::string& line, float t) {
-        std::fill_n(target_->pixels, 32, 0u);
-        make(line)->run(t);
-        return rows();
-    }
-    Layer32bpp* target_;
+    Layer32bpp& target_;
 };
 
-TEST_F(ScanLines, BrindleBandsArriveOneAfterAnotherFromAlternateSides) {
-    const std::string line = "brindleBands32bpp dst src 2";
-    EXPECT_EQ(after(line, 0.0f), "........|........|........|........");
-    EXPECT_EQ(after(line, 0.25f), "abcd....|abcd....|........|........");
-    EXPECT_EQ(after(line, 0.5f), "abcdefgh|abcdefgh|....efgh|....efgh");
-    EXPECT_EQ(after(line, 1.0f), "abcdefgh|abcdefgh|abcdefgh|abcdefgh");
+TEST_F(ScanLines, RowsOfEachScanLineTransition) {
+    const std::string brindle = "brindleBands32bpp dst src 2", interleaving = "interleaving32bpp dst src";
+    const std::tuple<std::string, float, const char*> cases[] = {
+        // Bands of 2 rows arrive one after another from alternate sides.
+        {brindle, 0.0f, "........|........|........|........"},
+        {brindle, 0.25f, "abcd....|abcd....|........|........"},
+        {brindle, 0.5f, "abcdefgh|abcdefgh|....efgh|....efgh"},
+        {brindle, 1.0f, "abcdefgh|abcdefgh|abcdefgh|abcdefgh"},
+        // Rows slide in from the right, on a slant; the filter shears about the middle.
+        {"skewtel32bpp dst src constFloat 0", 0.5f, "....abcd|....abcd|....abcd|....abcd"},
+        {"skewtel32bpp dst src constFloat 1", 0.5f, "abcdefgh|..abcdef|....abcd|......ab"},
+        {"skewtel32bpp dst src constFloat 1", 1.0f, "abcdefgh|abcdefgh|abcdefgh|abcdefgh"},
+        {"skewtelFilter32bpp dst src constFloat 2", 0.0f, "cdefghab|bcdefgha|abcdefgh|habcdefg"},
+        // Even rows come from the left, odd rows from the right.
+        {interleaving, 0.0f, "........|........|........|........"},
+        {interleaving, 0.5f, "efgh....|....abcd|efgh....|....abcd"},
+        {interleaving, 1.0f, "abcdefgh|abcdefgh|abcdefgh|abcdefgh"},
+        {"noiseLines32bpp dst src constInt 0", 0.0f, "abcdefgh|abcdefgh|abcdefgh|abcdefgh"},
+        {"ecouleImage32bpp dst src constFloat 1", 0.0f, "abcdefgh|abcdefgh|abcdefgh|abcdefgh"}};
+    for (const auto& [line, t, shown] : cases) EXPECT_EQ(after(line, t), shown) << line << " at " << t;
 }
 
-TEST_F(ScanLines, SkewtelSlidesRowsInFromTheRightOnASlant) {
-    EXPECT_EQ(after("skewtel32bpp dst src constFloat 0", 0.5f), "....abcd|....abcd|....abcd|....abcd");
-    EXPECT_EQ(after("skewtel32bpp dst src constFloat 1", 0.5f), "abcdefgh|..abcdef|....abcd|......ab");
-    EXPECT_EQ(after("skewtel32bpp dst src constFloat 1", 1.0f), "abcdefgh|abcdefgh|abcdefgh|abcdefgh");
-}
-
-TEST_F(ScanLines, SkewtelFilterShearsRowsAboutTheMiddle) {
-    EXPECT_EQ(after("skewtelFilter32bpp dst src constFloat 2", 0.0f), "cdefghab|bcdefgha|abcdefgh|habcdefg");
-}
-
-TEST_F(ScanLines, InterleavingBringsEvenRowsFromTheLeftAndOddFromTheRight) {
-    EXPECT_EQ(after("interleaving32bpp dst src", 0.0f), "........|........|........|........");
-    EXPECT_EQ(after("interleaving32bpp dst src", 0.5f), "efgh....|....abcd|efgh....|....abcd");
-    EXPECT_EQ(after("interleaving32bpp dst src", 1.0f), "abcdefgh|abcdefgh|abcdefgh|abcdefgh");
-}
-
-TEST_F(ScanLines, NoiseLinesJitterRowsAndLightSomeOfThem) {
-    EXPECT_EQ(after("noiseLines32bpp dst src constInt 0", 0.0f), "abcdefgh|abcdefgh|abcdefgh|abcdefgh");
+TEST_F(ScanLines, NoiseLinesJitterRowsAndLightMostOfThem) {
     Layer32bpp& big = addLayer32("big", 64, 64);
     Layer32bpp& picture = addLayer32("picture", 64, 64);
     fillCoordinates(picture);
     make("noiseLines32bpp big picture constInt 255")->run(0.0f);
     // Each row is the picture's row turned by at most 31 pixels, every channel at least
-    // as bright (the noise is added); most rows are lit.
-    auto rowMatches = [&](int y, int shift, bool& brighter) {
-        brighter = false;
-        for (int x = 0; x < 64; ++x) {
-            const std::uint32_t was = picture.row(y)[(x - shift + 64) % 64], now = big.row(y)[x];
-            for (int c = 0; c < 24; c += 8)
-                if (((now >> c) & 0xFF) < ((was >> c) & 0xFF)) return false;
-            brighter |= now != was;
-        }
-        return true;
-    };
+    // as bright (the noise is added); a row is lit with a chance of 255 / 256.
     int lit = 0;
     for (int y = 0; y < 64; ++y) {
         bool matched = false, brighter = false;
-        for (int shift = -31; shift <= 31 && !matched; ++shift) matched = rowMatches(y, shift, brighter);
+        for (int shift = -31; shift <= 31 && !matched; ++shift) {
+            matched = true;
+            brighter = false;
+            for (int x = 0; x < 64 && matched; ++x) {
+                const std::uint32_t was = picture.row(y)[(x - shift + 64) % 64], now = big.row(y)[x];
+                for (int c = 0; c < 24; c += 8) matched &= ((now >> c) & 0xFF) >= ((was >> c) & 0xFF);
+                brighter |= now != was;
+            }
+        }
         ASSERT_TRUE(matched) << y;
         lit += brighter;
     }
-    EXPECT_GT(lit, 32);  // a chance of 255 / 256 per row
+    EXPECT_GT(lit, 32);
 }
 
 TEST_F(ScanLines, EcouleImageRunsEachColumnDownByItsOwnDistance) {
-    EXPECT_EQ(after("ecouleImage32bpp dst src constFloat 1", 0.0f), "abcdefgh|abcdefgh|abcdefgh|abcdefgh");
     Layer32bpp& big = addLayer32("big", 64, 100);
     Layer32bpp& picture = addLayer32("picture", 64, 100);
     fillCoordinates(picture);

@@ -2,8 +2,10 @@
 
 #include <cstdint>
 #include <memory>
+#include <numeric>
 #include <vector>
 
+#include "FilterTestPictures.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/tunnels/TunnelMapping.hpp"
 #include "effects/tunnels/TunnelTables.hpp"
@@ -15,10 +17,10 @@ namespace {
 
 class Tunnels : public EffectTest {
 protected:
-    // A texture whose texel at address a holds a + 0x1000000, so a pixel names its texel.
-    Layer32bpp& addTexture(const std::string& name, int w = 256, int h = 256) {
-        Layer32bpp& texture = addLayer32(name, w, h);
-        for (std::int64_t i = 0; i < texture.pixelCount(); ++i) texture.pixels[i] = 0x1000000u + static_cast<std::uint32_t>(i);
+    // A 256x256 texture (or lut) whose entry at address a holds base + a, so a pixel names it.
+    Layer32bpp& addTexture(const std::string& name, std::uint32_t base = 0x1000000u) {
+        Layer32bpp& texture = addLayer32(name, 256, 256);
+        std::iota(texture.pixels, texture.pixels + 65536, base);
         return texture;
     }
     OffsetsTable& addTable(const std::string& name, int w, int h, std::vector<std::uint32_t> entries) {
@@ -36,9 +38,7 @@ protected:
 
 TEST_F(Tunnels, FrameOffsetsFromSpeedAndRotation) {
     EXPECT_EQ(tunnelOffset(0, 0, 0), 0u);
-    EXPECT_EQ(tunnelOffset(256, 256, 1), 0u);         // a full turn either way comes back
     EXPECT_EQ(tunnelOffset(256, 0, 0.5f), 128u * 256);
-    EXPECT_EQ(tunnelOffset(-1.5f, 0, 1), 255u * 256);  // -1.5 -> -1 toward zero -> 255
     EXPECT_EQ(tunnelOffset(0, -300.7f, 1), 256u - 44);  // -300 AND 255
     EXPECT_EQ(tunnelOffset(1e30f, 0, 1), 0u);          // huge products still give a byte
 }
@@ -46,25 +46,17 @@ TEST_F(Tunnels, FrameOffsetsFromSpeedAndRotation) {
 TEST_F(Tunnels, PlainTunnelMapsTheTableAndCarriesColumnsIntoRows) {
     Layer32bpp& screen = addLayer32("screen", 3, 2);
     addTexture("tex");
-    // Column byte 255 at rest, the upper 16 bits set in the last entry.
+    // Column byte 255 at rest, the upper 16 bits set in the last entry: they never reach
+    // the address (texel 1, not texel 65537).
     addTable("off", 3, 2, {0x0000, 0x12FF, 0xFFFF, 0x0305, 0x0700, 0x10001u});
-    auto still = make("tunnel32bpp screen tex off constVector2 0 0");
-    still->run(0);
-    // Upper bits never reach the address: texel 1, not texel 65537.
-    EXPECT_EQ(addresses(screen), (std::vector<std::uint32_t>{0x0000, 0x12FF, 0xFFFF, 0x0305, 0x0700, 0x0001}));
-
-    auto turning = make("tunnel32bpp screen tex off constVector2 0 1");
-    turning->run(1);  // b = 1: column 255 wraps to 0 of the next row, and 0xFFFF to 0
+    const std::vector<std::uint32_t> still{0x0000, 0x12FF, 0xFFFF, 0x0305, 0x0700, 0x0001};
+    make("tunnel32bpp screen tex off constVector2 0 0")->run(0);
+    EXPECT_EQ(addresses(screen), still);
+    make("tunnel32bpp screen tex off constVector2 0 1")->run(1);  // column 255 carries into the row, 0xFFFF wraps
     EXPECT_EQ(addresses(screen), (std::vector<std::uint32_t>{0x0001, 0x1300, 0x0000, 0x0306, 0x0701, 0x0002}));
-
-    auto travelling = make("tunnel32bpp screen tex off constVector2 256 256");
-    travelling->run(0.5f);  // half a turn of both: a = b = 128
-    EXPECT_EQ(screen.pixels[0] - 0x1000000u, 0x8080u);
-    travelling->run(1.0f);
-    EXPECT_EQ(addresses(screen), (std::vector<std::uint32_t>{0x0000, 0x12FF, 0xFFFF, 0x0305, 0x0700, 0x0001}));
-
-    auto backward = make("tunnel32bpp screen tex off constVector2 -1.5 0");
-    backward->run(1);  // a = 255: one row back
+    make("tunnel32bpp screen tex off constVector2 256 256")->run(1);  // a full turn of both
+    EXPECT_EQ(addresses(screen), still);
+    make("tunnel32bpp screen tex off constVector2 -1.5 0")->run(1);  // a = 255: one row back
     EXPECT_EQ(screen.pixels[3] - 0x1000000u, 0x0205u);
 }
 
@@ -83,16 +75,12 @@ TEST_F(Tunnels, LitTunnelPicksLutEntryOfLightAndColour) {
     Layer8bpp& texture = addLayer8("tex", 256, 256);
     texture.pixels[0x0010] = 0x21;
     texture.pixels[0x0011] = 0x42;
-    Layer8bpp& light = addLayer8("light", 2, 1);
-    light.pixels[0] = 0;
-    light.pixels[1] = 0xC3;
-    Layer32bpp& lut = addLayer32("lut", 256, 256);
-    for (int i = 0; i < 65536; ++i) lut.pixels[i] = 0xAB000000u + static_cast<std::uint32_t>(i);
+    addLayer8("light", 2, 1).pixels[1] = 0xC3;
+    Layer32bpp& lut = addTexture("lut", 0xAB000000u);
     addTable("off", 2, 1, {0x0010, 0x0010});
     auto lit = make("tunnelLighted32bpp screen tex light lut off constVector2 0 1");
     lit->run(0);
-    EXPECT_EQ(screen.pixels[0], 0xAB000021u);
-    EXPECT_EQ(screen.pixels[1], 0xAB00C321u);
+    EXPECT_EQ(pixelsOf(screen), (std::vector<std::uint32_t>{0xAB000021u, 0xAB00C321u}));
     lit->run(1);  // the texture moves under the light
     EXPECT_EQ(screen.pixels[1], 0xAB00C342u);
 
@@ -101,9 +89,7 @@ TEST_F(Tunnels, LitTunnelPicksLutEntryOfLightAndColour) {
     const std::uint32_t table[3] = {0x10, 0x10, 0x11};
     const std::uint16_t light16[3] = {255, 256, 1000};
     mapTunnelLit16(out, table, texture.pixels, light16, lut.pixels, 3, 0);
-    EXPECT_EQ(out[0], 0xAB00FF21u);
-    EXPECT_EQ(out[1], 0xAB00FFFFu);
-    EXPECT_EQ(out[2], 0xAB00FFFFu);
+    EXPECT_EQ(std::vector<std::uint32_t>(out, out + 3), (std::vector<std::uint32_t>{0xAB00FF21u, 0xAB00FFFFu, 0xAB00FFFFu}));
 }
 
 TEST_F(Tunnels, SizesAreCheckedWhenTheLineIsRead) {
@@ -130,34 +116,17 @@ TEST(TunnelTables, GeneratedEntriesAroundTheCentre) {
     std::vector<std::uint32_t> table(9 * 9);
     generateTunnelTable({table.data(), 9, 9, 9}, 4, 4, 1.0f, 4096.0f, 4.0f);
     const auto at = [&](int x, int y) { return table[y * 9 + x]; };
-    EXPECT_EQ(at(4, 4), 0u);                  // 4096 / 4 = 1024 -> row 0, angle 0
-    EXPECT_EQ(at(6, 4), 170u * 256 + 0);      // 4096 / 6 = 682 -> 170
-    EXPECT_EQ(at(4, 6), 170u * 256 + 64);     // a quarter turn: 64 columns
-    EXPECT_EQ(at(2, 4), 170u * 256 + 128);
-    EXPECT_EQ(at(4, 2), 170u * 256 + 192);    // -64 AND 255
-    EXPECT_EQ(at(5, 5), 244u * 256 + 32);     // exactly 32.0 in double precision
-    EXPECT_EQ(at(3, 3), 244u * 256 + 160);    // -96
-    EXPECT_EQ(at(8, 7), 199u * 256 + 26);     // 4096 / 9 = 455; 26.2 columns
-    EXPECT_EQ(at(8, 1), 199u * 256 + 229);    // floor(-26.2) = -27
+    // Depth 4096 / distance over 4 in the row byte, the angle in the column byte: at the
+    // centre 1024 -> row 0; distance 2 -> 170, a quarter turn 64 columns, -64 AND 255;
+    // (5, 5) is exactly 32.0 in double precision; 4096 / 9 = 455, 26.2 columns, floor(-26.2).
+    const std::tuple<int, int, std::uint32_t> expected[] = {
+        {4, 4, 0},         {6, 4, 170 * 256}, {4, 6, 170 * 256 + 64}, {2, 4, 170 * 256 + 128}, {4, 2, 170 * 256 + 192},
+        {5, 5, 244 * 256 + 32}, {3, 3, 244 * 256 + 160}, {8, 7, 199 * 256 + 26}, {8, 1, 199 * 256 + 229}};
+    for (const auto& [x, y, entry] : expected) EXPECT_EQ(at(x, y), entry) << x << "," << y;
 
     // Twice round the wall: the column doubles.
     generateTunnelTable({table.data(), 9, 9, 9}, 4, 4, 2.0f, 4096.0f, 4.0f);
     EXPECT_EQ(at(4, 6) & 255, 128u);
-}
-
-TEST(TunnelTables, RectangleRoutinesAddSixteenBitOffsetsRowByRow) {
-    // Source 4 wide; a 2x2 window at column 1.
-    const std::vector<std::uint32_t> src = {0, 0x00010001u, 0x0002FFFFu, 0, 0, 0x10, 0x20, 0};
-    std::vector<std::uint32_t> dst(6, 0xAAAA0000u);  // 2x2 inside rows of 3
-    copyTableRect({dst.data(), 2, 2, 3}, {src.data() + 1, 4}, 0x0101);
-    EXPECT_EQ(dst, (std::vector<std::uint32_t>{0x00010102u, 0x00020100u, 0xAAAA0000u, 0x0111u, 0x0121u, 0xAAAA0000u}));
-    accumulateTableRect({dst.data(), 2, 2, 3}, {src.data() + 1, 4}, 0xFFFF);
-    // The destination keeps its upper bits; 0x0100 + 0xFFFF + 0xFFFF wraps to 0x00FE.
-    EXPECT_EQ(dst, (std::vector<std::uint32_t>{0x00010102u, 0x000200FEu, 0xAAAA0000u, 0x0120u, 0x0140u, 0xAAAA0000u}));
-    addTable({dst.data(), 2, 2, 3}, {src.data() + 1, 4});
-    EXPECT_EQ(dst[1], 0x000200FDu);
-    copyTable({dst.data(), 2, 2, 3}, {src.data() + 1, 4});
-    EXPECT_EQ(dst, (std::vector<std::uint32_t>{0x00010001u, 0x0002FFFFu, 0xAAAA0000u, 0x10u, 0x20u, 0xAAAA0000u}));
 }
 
 TEST_F(Tunnels, MultiTunnelsSumWindowsAlongTheFigure) {
@@ -181,10 +150,12 @@ TEST_F(Tunnels, StylerTunnelComputesItsTableForTheTarget) {
     addTexture("tex");
     auto styler = make("stylerTunnel32bpp screen tex constVector2 0 1");
     styler->run(0);
-    // Centre (8, 4), depth 16 * 16 = 256, twice round the wall.
-    EXPECT_EQ(screen.row(4)[8] - 0x1000000u, 64u * 256);      // 256 / 4
-    EXPECT_EQ(screen.row(4)[12] - 0x1000000u, 32u * 256);     // 256 / 8, angle 0
-    EXPECT_EQ(screen.row(0)[8] - 0x1000000u, 32u * 256 + 128);  // 256 / 8, a quarter turn twice over: -128
+    // Centre (8, 4), depth 16 * 16 = 256, twice round the wall: 256 / 4 at the centre;
+    // 256 / 8 at angle 0 and a quarter turn up, twice over: -128.
+    const std::vector<std::uint32_t> shown = addresses(screen);
+    EXPECT_EQ(shown[4 * 16 + 8], 64u * 256);
+    EXPECT_EQ(shown[4 * 16 + 12], 32u * 256);
+    EXPECT_EQ(shown[0 * 16 + 8], 32u * 256 + 128);
     styler->run(3);
     EXPECT_EQ(screen.row(4)[12] - 0x1000000u, 32u * 256 + 3);
 }
@@ -193,13 +164,12 @@ TEST_F(Tunnels, FennickCorridorIsLitByDistanceAndSwaysRowByRow) {
     Layer32bpp& screen = addLayer32("screen", 32, 16);
     Layer8bpp& texture = addLayer8("tex", 256, 256);
     for (int i = 0; i < 65536; ++i) texture.pixels[i] = static_cast<std::uint8_t>(i);  // the column byte
-    Layer32bpp& lut = addLayer32("lut", 256, 256);
-    for (int i = 0; i < 65536; ++i) lut.pixels[i] = static_cast<std::uint32_t>(i);  // light << 8 | colour
+    addTexture("lut", 0);  // light << 8 | colour
     make("fennickCouloir32bpp screen tex lut constFloat 0 constFloat 0")->run(0);
-    EXPECT_EQ(screen.row(8)[16] >> 8, 0u);     // dark in the distance
-    EXPECT_EQ(screen.row(8)[24] >> 8, 255u);   // full light from half the height out
-    EXPECT_EQ(screen.row(8)[20] >> 8, 127u);   // 4 / 8 of the way
-    EXPECT_EQ(screen.row(8)[24] & 255, 0u);    // angle 0
+    // Dark in the distance, 4 / 8 of the way, full light from half the height out at angle 0.
+    EXPECT_EQ(screen.row(8)[16] >> 8, 0u);
+    EXPECT_EQ(screen.row(8)[20] >> 8, 127u);
+    EXPECT_EQ(screen.row(8)[24], 255u << 8);
     std::vector<std::uint32_t> straight(screen.pixels, screen.pixels + screen.pixelCount());
 
     // Amplitude 3 at t = 0: row 4 (a quarter of the height) is shifted by 3, row 0 not.
@@ -211,19 +181,12 @@ TEST_F(Tunnels, FennickCorridorIsLitByDistanceAndSwaysRowByRow) {
 TEST_F(Tunnels, PobbleTunnelColoursOnlyItsPebbles) {
     Layer32bpp& screen = addLayer32("screen", 32, 24, 0x00404040);
     addColor("col", 0x00306090);
-    auto pobble = make("pobbleTunnel32bpp screen col constInt 33");
-    pobble->run(0.25f);
-    int pebbles = 0, ground = 0;
-    for (std::int64_t i = 0; i < screen.pixelCount(); ++i) {
-        if (screen.pixels[i] == 0x00404040u) ++ground;
-        else if (screen.pixels[i] == blendPixel(renduAdd, 0x00306090, 0x00404040)) ++pebbles;
-    }
-    EXPECT_EQ(pebbles + ground, screen.pixelCount());
+    make("pobbleTunnel32bpp screen col constInt 33")->run(0.25f);
+    const auto ground = std::count(screen.pixels, screen.pixels + 768, 0x00404040u);
+    const auto pebbles = std::count(screen.pixels, screen.pixels + 768, blendPixel(renduAdd, 0x00306090, 0x00404040));
+    EXPECT_EQ(pebbles + ground, 768);
     EXPECT_GT(pebbles, 50);
     EXPECT_GT(ground, 50);
-    std::fill_n(screen.pixels, screen.pixelCount(), 0x00404040u);
-    make("pobbleTunnel32bpp screen col constInt 0")->run(0.25f);
-    EXPECT_EQ(std::count(screen.pixels, screen.pixels + screen.pixelCount(), 0x00404040u), screen.pixelCount());
 }
 
 }  // namespace
