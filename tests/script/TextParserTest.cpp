@@ -21,7 +21,10 @@ protected:
     // The next `count` tokens, blank-separated.
     std::string tokens(int count) {
         std::string text = token();
-        while (--count > 0) text += " " + token();
+        while (--count > 0) {
+            text += ' ';
+            text += parser.getToken();
+        }
         return text;
     }
 
