@@ -108,8 +108,11 @@ TEST(Window, ShowsTheBandAndEndsOnEscape) {
     // A 320 x 240 display whose band is the 200 rows from row 20, filled with one colour.
     writeFile("config.txt", "320\r\n240\r\n200\r\n20\r\n8\r\n2\r\nNOSOUND\r\n");
     writeFile("main.txt", "add orange Color 0 0 128 255\r\nfillColor32bpp screen orange constInt 32\r\n0 1000 0 1 0\r\n");
-    pid_t player = startProcess({VZ_PLAYER_PATH, "."}, dir.path().string(), {"DISPLAY=" + x.display(), "SDL_AUDIODRIVER=dummy"},
-                                "player.out");
+    // The X and D-Bus client libraries behind the window keep a few allocations to the
+    // end of the process; leak checking of the player is left to the headless tests.
+    const std::vector<std::string> environment{"DISPLAY=" + x.display(), "SDL_AUDIODRIVER=dummy",
+                                               "ASAN_OPTIONS=detect_leaks=0"};
+    pid_t player = startProcess({VZ_PLAYER_PATH, "."}, dir.path().string(), environment, "player.out");
     ASSERT_GT(player, 0);
     std::string env = "DISPLAY=" + x.display() + " ";
     std::string window =
