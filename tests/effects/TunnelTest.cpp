@@ -100,16 +100,15 @@ TEST_F(Tunnels, SizesAreCheckedWhenTheLineIsRead) {
     addLayer8("light", 4, 2);
     addTable("off", 4, 4, std::vector<std::uint32_t>(16));
     addTable("short", 4, 3, std::vector<std::uint32_t>(12));
-    EXPECT_EQ(errorOf([&] { make("tunnel32bpp screen small off constVector2 0 0"); }),
-              "tunnel32bpp : the texture must hold 256x256 entries, it is 128x128");
-    EXPECT_EQ(errorOf([&] { make("tunnel32bpp screen tex short constVector2 0 0"); }),
-              "tunnel32bpp : the offsets table is 4x3, smaller than the target 4x4");
-    EXPECT_EQ(errorOf([&] { make("tunnelLighted32bpp screen tex8 light tex off constVector2 0 0"); }),
-              "tunnelLighted32bpp : the light map is 4x2, smaller than the target 4x4");
-    EXPECT_EQ(errorOf([&] { make("fennickCouloir32bpp screen tex8 small constFloat 0 constFloat 0"); }),
-              "fennickCouloir32bpp : the lut must hold 256x256 entries, it is 128x128");
-    EXPECT_EQ(errorOf([&] { make("multiTunnels32bpp screen tex constVector2 0 0 0"); }),
-              "multiTunnels32bpp : the number of tunnels must be 1 to 16, not 0");
+    const std::pair<const char*, const char*> cases[] = {
+        {"tunnel32bpp screen small off constVector2 0 0", "tunnel32bpp : the texture must hold 256x256 entries, it is 128x128"},
+        {"tunnel32bpp screen tex short constVector2 0 0", "tunnel32bpp : the offsets table is 4x3, smaller than the target 4x4"},
+        {"tunnelLighted32bpp screen tex8 light tex off constVector2 0 0",
+         "tunnelLighted32bpp : the light map is 4x2, smaller than the target 4x4"},
+        {"fennickCouloir32bpp screen tex8 small constFloat 0 constFloat 0",
+         "fennickCouloir32bpp : the lut must hold 256x256 entries, it is 128x128"},
+        {"multiTunnels32bpp screen tex constVector2 0 0 0", "multiTunnels32bpp : the number of tunnels must be 1 to 16, not 0"}};
+    for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
 }
 
 TEST(TunnelTables, GeneratedEntriesAroundTheCentre) {
