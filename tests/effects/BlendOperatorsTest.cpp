@@ -42,6 +42,7 @@ TEST(BlendOperators, PerPixelAddSubAndAddNoSatCarryBetweenBytes) {
         {renduAdd, 0x00000064, 0x000000C8, 0x000001FE},
         {renduAdd, 0x00102030, 0x00010203, 0x00102232},
         {renduAdd, 0x00010101, 0x00010101, 0},
+        {renduAdd, 0x01030507, 0x10102030, 0x10122436},  // odd source bytes, alpha included
         {renduAdd, 0x80000000, 0x80000000, 0},
         // Sub: a byte below zero is cleared and its borrow stays in the next byte's low
         // bit; on black the borrow runs through every byte above, out of alpha uncaught.

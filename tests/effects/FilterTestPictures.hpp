@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "script/Layer.hpp"
+#include "support/PlayerRun.hpp"
 
 namespace vz::test {
 
@@ -13,6 +14,11 @@ constexpr std::uint32_t grey(std::uint32_t g) { return g * 0x010101u; }
 
 inline std::vector<std::uint32_t> pixelsOf(const Layer32bpp& layer) {
     return {layer.pixels, layer.pixels + layer.pixelCount()};
+}
+
+// The frame checksum of the end-to-end runs, of a layer: pins a noisy picture exactly.
+inline std::uint64_t checksumOf(const Layer32bpp& layer) {
+    return checksum(Picture{layer.width, layer.height, pixelsOf(layer)});
 }
 
 inline void setPixels(Layer32bpp& layer, const std::vector<std::uint32_t>& values) {

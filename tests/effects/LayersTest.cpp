@@ -1,8 +1,13 @@
 #include <cstdint>
 #include <numeric>
+#include <string>
+#include <tuple>
 #include <vector>
 
 #include "FilterTestPictures.hpp"
+#include "effects/rendu/BlendOperators.hpp"
+#include "effects/rendu/LayerRect.hpp"
+#include "effects/rendu/ScaleDown.hpp"
 #include "script/Zbuffer.hpp"
 #include "support/EffectTestSupport.hpp"
 
@@ -10,6 +15,8 @@ namespace vz::test {
 namespace {
 
 using Pixels = std::vector<std::uint32_t>;
+
+constexpr std::uint32_t X = 0xEEEEEE;  // untouched target pixels
 
 class LayersTest : public EffectTest {
 protected:
@@ -19,27 +26,159 @@ protected:
         std::iota(layer.pixels, layer.pixels + layer.pixelCount(), first);
         return layer;
     }
+    // A fresh w x h "target" of untouched pixels after the line has run at t = 0.
+    Pixels drawn(const std::string& line, int w, int h) {
+        Repository::instance().sub("target");
+        Layer32bpp& target = addLayer32("target", w, h, X);
+        make(line)->run(0);
+        return pixelsOf(target);
+    }
 };
 
-constexpr std::uint32_t X = 0xEEEEEE;  // untouched target pixels
+// A layer drawn as text, one character per pixel: '.' for 0, '#' for 0xFF, '?' for
+// anything else. Rows are separated by '|'.
+std::string picture(const Layer32bpp& layer) {
+    std::string text;
+    for (int i = 0; i < layer.pixelCount(); ++i) {
+        if (i && i % layer.width == 0) text += '|';
+        text += layer.pixels[i] == 0 ? '.' : layer.pixels[i] == 0xFF ? '#' : '?';
+    }
+    return text;
+}
 
-TEST_F(LayersTest, FillsUseTheSampledRenduAndStopAtTheirMaps) {
-    Layer32bpp& target = addLayer32("target", 3, 2, 0x000000);
-    make("fillColor32bpp target constColor 255 255 255 constInt 16")->run(0);
-    EXPECT_EQ(pixelsOf(target), Pixels(6, 0x7F7F7F));
-    make("fillColor32bpp target constColor 1 2 3 constInt 99")->run(0);  // outside the table: normal
-    EXPECT_EQ(pixelsOf(target), Pixels(6, 0x010203));
+TEST(FillRect, ClipsOneShortOfTheRightAndBottomEdgesAndSkipsOutsidePositions) {
+    Layer32bpp layer(6, 4);
+    layer.posX = 1;
+    layer.posY = 1;
+    fillRect(layer, 1000, 1000, 0xFF, renduNormal);
+    EXPECT_EQ(picture(layer), "......|.####.|.####.|......");
 
-    Layer32bpp& wide = addLayer32("wide", 3, 2, X);
-    const std::uint8_t map[] = {0, 16, 32, 255};
-    std::copy(map, map + 4, addLayer8("alpha", 2, 2).pixels);
+    Layer32bpp inside(6, 4);
+    inside.posX = 2;
+    fillRect(inside, 2, 3, 0xFF, renduNormal);
+    EXPECT_EQ(picture(inside), "..##..|..##..|..##..|......");
+    // A row of the whole pixel count and a height of 2 (the fading layer's call).
+    inside.posX = 0;
+    fillRect(inside, 24, 2, 0x80, renduGlenz50);
+    EXPECT_EQ(Pixels(inside.pixels, inside.pixels + 18), (Pixels{0x40, 0x40, 0xBF, 0xBF, 0x40, 0, 0x40, 0x40, 0xBF,
+                                                                 0xBF, 0x40, 0, 0, 0, 0xFF, 0xFF, 0, 0}));
+
+    Layer32bpp outside(4, 3);
+    for (auto [x, y] : {std::pair{-1, 0}, std::pair{4, 0}, std::pair{0, -1}, std::pair{0, 3}}) {
+        outside.posX = x;
+        outside.posY = y;
+        fillRect(outside, 2, 2, 0xFF, renduNormal);
+    }
+    EXPECT_EQ(picture(outside), "....|....|....");
+}
+
+TEST_F(LayersTest, CopyRectClipsAtTheTargetAndRunsOnPastTheSourceEdgeWithoutReadingOutsideIt) {
+    Layer32bpp layer(5, 4);
+    layer.posX = 2;
+    layer.posY = 1;
+    copyRect(layer, numbered32("square", 8, 8, 1), 0, 0, 100, 100, renduNormal);  // 3 columns and 3 rows fit
+    EXPECT_EQ(pixelsOf(layer), (Pixels{0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 0, 0, 9, 10, 11, 0, 0, 17, 18, 19}));
+
+    Layer32bpp wideCopy(3, 2);
+    copyRect(wideCopy, numbered32("wide", 4, 3, 1), 2, 0, 3, 2, renduNormal);  // runs into the next row
+    EXPECT_EQ(pixelsOf(wideCopy), (Pixels{3, 4, 5, 7, 8, 9}));
+
+    const Layer32bpp& source = numbered32("source", 4, 2, 1);
+    Layer32bpp target(3, 3);
+    copyRect(target, source, 2, 1, 3, 3, renduNormal);  // second row starts at pixel 10 of 8
+    EXPECT_EQ(pixelsOf(target), (Pixels{7, 8, 0, 0, 0, 0, 0, 0, 0}));
+    copyRect(target, source, -2, 0, 3, 1, renduNormal);  // starts two pixels before it
+    EXPECT_EQ(Pixels(target.pixels, target.pixels + 3), (Pixels{7, 8, 1}));
+
+    Layer32bpp& grey = addLayer32("grey", 2, 2, 0x00C8C8C8);
+    Layer32bpp blended(2, 2);
+    std::fill_n(blended.pixels, 4, 0x00646464u);
+    copyRect(blended, grey, 0, 0, 2, 2, renduAdd);
+    EXPECT_EQ(blended.pixels[3], 0x00FFFFFFu);  // the bulk add saturates at 255
+    copyRect(blended, grey, 0, 0, 2, 2, renduSub);
+    EXPECT_EQ(blended.pixels[0], 0x00373737u);
+}
+
+TEST(CopyRect8, ClipsLikeTheColourCopy) {
+    Layer8bpp source(4, 4);
+    std::iota(source.pixels, source.pixels + 16, std::uint8_t{1});
+    Layer8bpp layer(3, 3);
+    layer.posX = 1;
+    layer.posY = 1;
+    copyRect8(layer, source, 1, 1, 5, 5);
+    EXPECT_EQ(std::vector<std::uint8_t>(layer.pixels, layer.pixels + 9), (std::vector<std::uint8_t>{0, 0, 0, 0, 6, 7, 0, 10, 11}));
+    layer.posX = 3;
+    copyRect8(layer, source, 0, 0, 1, 1);
+    EXPECT_EQ(layer.pixels[5], 7);
+}
+
+TEST(ScaleDown, TargetStrideIsHalfTheSourceWidth) {
+    Layer8bpp source(4, 4);
+    for (int i = 0; i < 16; ++i) source.pixels[i] = static_cast<std::uint8_t>(i * 10);
+    Layer8bpp target(1, 4);  // holds the 2 x 2 result as a 1 x 4 run
+    scaleDown(target, source);
+    EXPECT_EQ(std::vector<std::uint8_t>(target.pixels, target.pixels + 4), (std::vector<std::uint8_t>{25, 45, 105, 125}));
+    Layer8bpp small(1, 3);  // too short for the second row: it is left out
+    scaleDown(small, source);
+    EXPECT_EQ(std::vector<std::uint8_t>(small.pixels, small.pixels + 3), (std::vector<std::uint8_t>{25, 45, 0}));
+}
+
+TEST_F(LayersTest, OneLineFillsCopiesAndVideosOnAFreshTarget) {
+    numbered32("tile", 3, 2, 1);  // 1 2 3 / 4 5 6
+    numbered32("film", 2, 7);     // 3 frames of 2 rows (4 pixels); the 7th row is never shown
+    numbered32("lut", 256, 256);
     addColor("white", 0xFFFFFF);
-    make("fillColorAlphamap32bpp wide white alpha")->run(0);
-    EXPECT_EQ(pixelsOf(wide), (Pixels{X, 0xF6F6F6, 0xFFFFFF, 0xFFFFFF, X, X}));
+    addLayer32("whiteLayer", 3, 2, 0xFFFFFF);
+    const std::uint8_t levels[] = {0, 16, 32, 255};
+    std::copy(levels, levels + 4, addLayer8("map", 2, 2).pixels);
+    setPixels(addLayer32("sprite", 3, 1), {0x00123456, 0x20123456, 0xFF654321});
+    Layer8bpp& strip = addLayer8("strip", 4, 2);
+    std::iota(strip.pixels, strip.pixels + 8, std::uint8_t{0});
+    Palette& palette = addPalette("pal");
+    std::iota(palette.colors.begin(), palette.colors.begin() + 8, 0x100u);
+    Layer8bpp& image = addLayer8("image", 2, 1, 255);
+    image.pixels[0] = 5;
+    addLayer8("light", 2, 1).pixels[1] = 255;
+    addLayer32("block", 4, 4, 0x04040404).pixels[0] = 0x00FFFFFF;
 
-    Layer8bpp& bytes = addLayer8("bytes", 2, 2);
-    make("fillColor8bpp bytes 300")->run(0);  // an unsignedChar keeps the low byte
-    EXPECT_EQ(std::vector<int>(bytes.pixels, bytes.pixels + 4), std::vector<int>(4, 44));
+    const std::tuple<std::string, int, int, Pixels> cases[] = {
+        {"fillColor32bpp target constColor 255 255 255 constInt 16", 3, 2, Pixels(6, 0xF6F6F6)},
+        {"fillColor32bpp target constColor 1 2 3 constInt 99", 3, 2, Pixels(6, 0x010203)},  // outside the table: normal
+        // Alpha maps (a run of 4 pixels here) skip 0, blend levels, copy from 32 on and end with the map.
+        {"fillColorAlphamap32bpp target white map", 3, 2, {X, 0xF6F6F6, 0xFFFFFF, 0xFFFFFF, X, X}},
+        {"copyLayerAlphamap32bpp target whiteLayer map", 3, 2, {X, 0xF6F6F6, 0xFFFFFF, 0xFFFFFF, X, X}},
+        {"copyLayerAlphachanel32bpp target sprite", 3, 1, {X, 0x20123456, 0xFF654321}},
+        // Copies run flat over the smaller pixel count; the bulk add saturates at 255.
+        {"copyLayer32bpp target tile constInt 32", 4, 3, {1, 2, 3, 4, 5, 6, X, X, X, X, X, X}},
+        {"copyLayer32bpp target tile constInt 33", 2, 2, {0xEEEEEF, 0xEEEEF0, 0xEEEEF1, 0xEEEEF2}},
+        // Wrap-around scrolls (7 % 3 = 1) and leaves a band for negative offsets.
+        {"copyLayerWrapAround32bpp target tile constInt 7 constInt 1 constInt 32", 5, 2, {5, 6, 4, 5, 6, 2, 3, 1, 2, 3}},
+        {"copyLayerWrapAround32bpp target tile constInt -2 constInt 0 constInt 32", 5, 2, {X, X, 1, 2, 3, X, X, 4, 5, 6}},
+        // Videos: 4 % 3 = frame 1, -1 the last frame; a frame of 4 pixels cut to the target's 3.
+        {"playVideo32bpp target film 3 constInt 4 constInt 32", 2, 2, {4, 5, 6, 7}},
+        {"playVideo32bpp target film 3 constInt -1 constInt 32", 2, 2, {8, 9, 10, 11}},
+        {"playBitmapVideo32bpp target strip pal 2 constInt 1", 3, 1, {0x104, 0x105, 0x106}},
+        {"combination32bpp target image light lut", 3, 1, {5, 65535, X}},  // light x 256 + colour
+        {"scaleDown32bpp target block", 2, 2, {0x424242, 0x040404, 0x040404, 0x040404}}};
+    for (const auto& [line, w, h, expected] : cases) EXPECT_EQ(drawn(line, w, h), expected) << line;
+
+    addLayer8("band", 256, 1, 1);
+    Pixels banded(300, 0x101);
+    std::fill_n(banded.begin(), 10, X);
+    EXPECT_EQ(drawn("copyBitmapLayerWrapAround32bpp target band pal constInt -10 constInt 0", 300, 1), banded);
+}
+
+TEST_F(LayersTest, BadParametersAreRefusedWhenTheLineIsRead) {
+    addLayer32("target", 4, 4);
+    numbered32("tile", 2, 2);
+    addLayer8("image", 4, 4);
+    addLayer32("small", 255, 256);
+    const std::pair<const char*, const char*> cases[] = {
+        {"copyLayerRandomOffset32bpp target tile -1 0 1 constInt 32", "copyLayerRandomOffset32bpp : maxOffsetX -1 is not within 0 to 32768"},
+        {"copyLayerWrapAround32bpp tile tile constInt 0 constInt 0 constInt 32", "copyLayerWrapAround32bpp : the source must not be the target"},
+        {"playVideo32bpp target tile 0 constInt 0 constInt 32", "playVideo32bpp : numFrames must be at least 1, not 0"},
+        {"combination32bpp target image image small", "combination32bpp : small is 255x256, a lut needs 65536 pixels"}};
+    for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
 }
 
 TEST_F(LayersTest, FadeColorsRoundsHoldsTheForegroundAndWrapsBeforeTimeZero) {
@@ -73,29 +212,6 @@ TEST_F(LayersTest, FadeLayerGrowsFromTheTopRowsThenCoversTheLayer) {
     EXPECT_EQ(pixelsOf(early), Pixels(16, X));
 }
 
-TEST_F(LayersTest, LayerCopiesRunFlatOverTheSmallerCountAndShear) {
-    Layer32bpp& target = addLayer32("target", 4, 3, X);
-    numbered32("narrow", 3, 2, 1);
-    make("copyLayer32bpp target narrow constInt 32")->run(0);
-    EXPECT_EQ(pixelsOf(target), (Pixels{1, 2, 3, 4, 5, 6, X, X, X, X, X, X}));
-
-    Layer32bpp& small = addLayer32("small", 2, 2, X);
-    make("copyLayer32bpp small narrow constInt 33")->run(0);  // bulk add saturates at 255
-    EXPECT_EQ(pixelsOf(small), (Pixels{0xEEEEEF, 0xEEEEF0, 0xEEEEF1, 0xEEEEF2}));
-
-    Layer32bpp& mapped = addLayer32("mapped", 4, 1, 0);
-    addLayer32("white", 4, 1, 0xFFFFFF);
-    Layer8bpp& alpha = addLayer8("alpha", 3, 1, 32);
-    alpha.pixels[1] = 0;
-    make("copyLayerAlphamap32bpp mapped white alpha")->run(0);
-    EXPECT_EQ(pixelsOf(mapped), (Pixels{0xFFFFFF, 0, 0xFFFFFF, 0}));  // the map ends after 3
-
-    Layer32bpp& under = addLayer32("under", 3, 1, X);
-    setPixels(addLayer32("sprite", 3, 1), {0x00123456, 0x20123456, 0xFF654321});
-    make("copyLayerAlphachanel32bpp under sprite")->run(0);
-    EXPECT_EQ(pixelsOf(under), (Pixels{X, 0x20123456, 0xFF654321}));
-}
-
 TEST_F(LayersTest, AlphaChannelAndBitmapCopies) {
     Layer32bpp& target = addLayer32("target", 3, 1, 0x11223344);
     Layer8bpp& bytes = addLayer8("bytes", 2, 1, 200);
@@ -114,6 +230,8 @@ TEST_F(LayersTest, AlphaChannelAndBitmapCopies) {
     Layer8bpp& copy = addLayer8("copy", 3, 1, 9);
     make("copyLayer8bpp copy bytes")->run(0);
     EXPECT_EQ(std::vector<int>(copy.pixels, copy.pixels + 3), (std::vector<int>{7, 200, 9}));
+    make("fillColor8bpp bytes 300")->run(0);  // an unsignedChar keeps the low byte
+    EXPECT_EQ(std::vector<int>(bytes.pixels, bytes.pixels + 2), std::vector<int>(2, 44));
 }
 
 // Source pixel (x, y) of a 100 x 100 numbered source holds y x 100 + x, so target pixel 0
@@ -153,32 +271,6 @@ TEST_F(LayersTest, RandomTilesRepeatAndClipAtTheTarget) {
     make("copyBitmapLayerRandomOffset32bpp target bitmap pal 100 100 1")->run(0);
     EXPECT_EQ(pixelsOf(target), (Pixels{0xB0, 0xA0, 0xB0, 0xA0, 0xB0, 0xB0, 0xA0, 0xB0, 0xA0, 0xB0, 0xB0, 0xA0,
                                          0xB0, 0xA0, 0xB0}));
-
-    EXPECT_EQ(errorOf([&] { make("copyLayerRandomOffset32bpp target tile -1 0 1 constInt 32"); }),
-              "copyLayerRandomOffset32bpp : maxOffsetX -1 is not within 0 to 32768");
-}
-
-TEST_F(LayersTest, WrapAroundScrollsAndLeavesABandForNegativeOffsets) {
-    Layer32bpp& target = addLayer32("target", 5, 2, X);
-    numbered32("tile", 3, 2, 1);  // 1 2 3 / 4 5 6
-    make("copyLayerWrapAround32bpp target tile constInt 7 constInt 1 constInt 32")->run(0);  // 7 % 3 = 1
-    EXPECT_EQ(pixelsOf(target), (Pixels{5, 6, 4, 5, 6, 2, 3, 1, 2, 3}));
-
-    Layer32bpp& banded = addLayer32("banded", 5, 2, X);
-    make("copyLayerWrapAround32bpp banded tile constInt -2 constInt 0 constInt 32")->run(0);
-    EXPECT_EQ(pixelsOf(banded), (Pixels{X, X, 1, 2, 3, X, X, 4, 5, 6}));
-
-    Layer32bpp& wide = addLayer32("wide", 300, 1, X);
-    addLayer8("strip", 256, 1, 1);
-    Palette& palette = addPalette("pal");
-    palette.colors[1] = 0x42;
-    make("copyBitmapLayerWrapAround32bpp wide strip pal constInt -10 constInt 0")->run(0);
-    EXPECT_EQ(wide.pixels[9], X);
-    EXPECT_EQ(wide.pixels[10], 0x42u);
-    EXPECT_EQ(wide.pixels[299], 0x42u);
-
-    EXPECT_EQ(errorOf([&] { make("copyLayerWrapAround32bpp tile tile constInt 0 constInt 0 constInt 32"); }),
-              "copyLayerWrapAround32bpp : the source must not be the target");
 }
 
 TEST_F(LayersTest, CropReadsOnIntoTheNextRowsAndResetsThePosition) {
@@ -191,48 +283,6 @@ TEST_F(LayersTest, CropReadsOnIntoTheNextRowsAndResetsThePosition) {
     EXPECT_EQ(target.posY, 0);
     // Row 0 reads 6 7 then runs on into the next source row; pixel 12 would be past the end.
     EXPECT_EQ(pixelsOf(target), (Pixels{6, 7, 8, 10, 11, X}));
-}
-
-TEST_F(LayersTest, ScaleDownAveragesBlocksAndStopsAtTheTargetsEnd) {
-    Layer32bpp& source = addLayer32("source", 4, 4, 0x04040404);
-    source.pixels[0] = 0x00FFFFFF;
-    Layer32bpp& half = addLayer32("half", 2, 2, X);
-    make("scaleDown32bpp half source")->run(0);
-    EXPECT_EQ(pixelsOf(half), (Pixels{0x424242, 0x040404, 0x040404, 0x040404}));
-}
-
-TEST_F(LayersTest, VideosPlayTheSelectedFrameCutToTheTarget) {
-    Layer32bpp& target = addLayer32("target", 2, 2, X);
-    numbered32("film", 2, 7);  // 3 frames of 2 rows (4 pixels); the 7th row is never shown
-    make("playVideo32bpp target film 3 constInt 4 constInt 32")->run(0);  // 4 % 3 = frame 1
-    EXPECT_EQ(pixelsOf(target), (Pixels{4, 5, 6, 7}));
-    make("playVideo32bpp target film 3 constInt -1 constInt 32")->run(0);  // the last frame
-    EXPECT_EQ(pixelsOf(target), (Pixels{8, 9, 10, 11}));
-
-    Layer32bpp& small = addLayer32("small", 3, 1, X);
-    Layer8bpp& strip = addLayer8("strip", 4, 2);
-    std::iota(strip.pixels, strip.pixels + 8, std::uint8_t{0});
-    Palette& palette = addPalette("pal");
-    std::iota(palette.colors.begin(), palette.colors.begin() + 8, 0x100u);
-    make("playBitmapVideo32bpp small strip pal 2 constInt 1")->run(0);  // 4 pixels cut to 3
-    EXPECT_EQ(pixelsOf(small), (Pixels{0x104, 0x105, 0x106}));
-
-    EXPECT_EQ(errorOf([&] { make("playVideo32bpp target film 0 constInt 0 constInt 32"); }),
-              "playVideo32bpp : numFrames must be at least 1, not 0");
-}
-
-TEST_F(LayersTest, CombinationLooksUpLightAndColour) {
-    Layer32bpp& target = addLayer32("target", 3, 1, X);
-    Layer8bpp& image = addLayer8("image", 2, 1, 255);
-    image.pixels[0] = 5;
-    addLayer8("light", 2, 1).pixels[1] = 255;
-    numbered32("lut", 256, 256);
-    make("combination32bpp target image light lut")->run(0);
-    EXPECT_EQ(pixelsOf(target), (Pixels{5, 65535, X}));
-
-    addLayer32("small", 255, 256);
-    EXPECT_EQ(errorOf([&] { make("combination32bpp target image light small"); }),
-              "combination32bpp : small is 255x256, a lut needs 65536 pixels");
 }
 
 TEST_F(LayersTest, UpdateZbufferClearsOnlyWhenTheStampWraps) {

@@ -81,13 +81,12 @@ TEST_F(PatternTransition, AlphaBlendsA32LevelFrontAndReadsNoWidth) {
 TEST_F(PatternTransition, PatternAndBufferMustCoverTheTarget) {
     addLayer8("short", 4, 1);
     addLayer32("narrow", 3, 2);
-    EXPECT_EQ(errorOf([&] { make("patternTransitionBool32bpp dst buf short"); }),
-              "patternTransitionBool32bpp : pattern holds 4 pixels, the target needs 8");
-    EXPECT_EQ(errorOf([&] { make("patternTransitionAlpha32bpp dst narrow pat"); }),
-              "patternTransitionAlpha32bpp : buffer is 3x2, smaller than the target's 4x2");
-    // A pattern of another shape but enough pixels is read with the target's row length.
-    addLayer8("long", 8, 1);
-    EXPECT_EQ(errorOf([&] { make("patternTransitionBool32bpp dst buf long"); }), "no error");
+    addLayer8("long", 8, 1);  // another shape but enough pixels: read with the target's row length
+    const std::pair<const char*, const char*> cases[] = {
+        {"patternTransitionBool32bpp dst buf short", "patternTransitionBool32bpp : pattern holds 4 pixels, the target needs 8"},
+        {"patternTransitionAlpha32bpp dst narrow pat", "patternTransitionAlpha32bpp : buffer is 3x2, smaller than the target's 4x2"},
+        {"patternTransitionBool32bpp dst buf long", "no error"}};
+    for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
 }
 
 // Scan-line transitions: rows drawn as text, '.' for the target's 0, a letter per
@@ -133,29 +132,11 @@ TEST_F(ScanLines, RowsOfEachScanLineTransition) {
     for (const auto& [line, t, shown] : cases) EXPECT_EQ(after(line, t), shown) << line << " at " << t;
 }
 
-TEST_F(ScanLines, NoiseLinesJitterRowsAndLightMostOfThem) {
+TEST_F(ScanLines, NoiseLinesArePinnedByTheirSeed) {
     Layer32bpp& big = addLayer32("big", 64, 64);
-    Layer32bpp& picture = addLayer32("picture", 64, 64);
-    fillCoordinates(picture);
+    fillCoordinates(addLayer32("picture", 64, 64));
     make("noiseLines32bpp big picture constInt 255")->run(0.0f);
-    // Each row is the picture's row turned by at most 31 pixels, every channel at least
-    // as bright (the noise is added); a row is lit with a chance of 255 / 256.
-    int lit = 0;
-    for (int y = 0; y < 64; ++y) {
-        bool matched = false, brighter = false;
-        for (int shift = -31; shift <= 31 && !matched; ++shift) {
-            matched = true;
-            brighter = false;
-            for (int x = 0; x < 64 && matched; ++x) {
-                const std::uint32_t was = picture.row(y)[(x - shift + 64) % 64], now = big.row(y)[x];
-                for (int c = 0; c < 24; c += 8) matched &= ((now >> c) & 0xFF) >= ((was >> c) & 0xFF);
-                brighter |= now != was;
-            }
-        }
-        ASSERT_TRUE(matched) << y;
-        lit += brighter;
-    }
-    EXPECT_GT(lit, 32);
+    EXPECT_EQ(checksumOf(big), 16201836393550315624ull);
 }
 
 TEST_F(ScanLines, EcouleImageRunsEachColumnDownByItsOwnDistance) {
