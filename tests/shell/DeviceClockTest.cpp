@@ -18,66 +18,52 @@ constexpr int rate = 1000;
 constexpr int block = 100;
 constexpr int queued = 100;
 
-class FakeDevice {
-public:
-    explicit FakeDevice(DeviceClock& clock) : clock_(clock) {}
-    void handOverAt(int ms) { clock_.handOver(block, start + milliseconds(ms)); }
-    double readAt(int ms) { return clock_.position(start + milliseconds(ms)); }
+class DeviceClockTest : public ::testing::Test {
+protected:
+    void handOverAt(int ms) { clock.handOver(block, start + milliseconds(ms)); }
+    double readAt(int ms) { return clock.position(start + milliseconds(ms)); }
 
+    DeviceClock clock{rate, queued};
     const Clock::time_point start = Clock::now();
-
-private:
-    DeviceClock& clock_;
 };
 
-TEST(DeviceClock, FollowsWhatIsHeardNotWhatIsHandedOver) {
-    DeviceClock clock(rate, queued);
-    FakeDevice device(clock);
-    EXPECT_EQ(device.readAt(0), 0.0);  // nothing handed over yet
-    device.handOverAt(0);
+TEST_F(DeviceClockTest, FollowsWhatIsHeardNotWhatIsHandedOverAndRestartsForNewMusic) {
+    EXPECT_EQ(readAt(0), 0.0);  // nothing handed over yet
+    handOverAt(0);
     // The first block is queued behind the device's buffer: silence is heard first.
-    EXPECT_EQ(device.readAt(50), 0.0);
-    device.handOverAt(100);
-    EXPECT_DOUBLE_EQ(device.readAt(100), 0.0);
-    EXPECT_DOUBLE_EQ(device.readAt(130), 0.030);
-    device.handOverAt(200);
-    EXPECT_DOUBLE_EQ(device.readAt(200), 0.100);
+    EXPECT_EQ(readAt(50), 0.0);
+    handOverAt(100);
+    EXPECT_DOUBLE_EQ(readAt(100), 0.0);
+    EXPECT_DOUBLE_EQ(readAt(130), 0.030);
+    handOverAt(200);
+    EXPECT_DOUBLE_EQ(readAt(200), 0.100);
+    clock.restart();
+    EXPECT_EQ(readAt(210), 0.0);
+    handOverAt(300);
+    handOverAt(400);
+    EXPECT_DOUBLE_EQ(readAt(410), 0.010);
 }
 
-TEST(DeviceClock, AdvancesSmoothlyBetweenHandOversAndNeverBackwards) {
-    DeviceClock clock(rate, queued);
-    FakeDevice device(clock);
-    device.handOverAt(0);
-    device.handOverAt(100);
+TEST_F(DeviceClockTest, AdvancesSmoothlyBetweenHandOversAndNeverBackwards) {
+    handOverAt(0);
+    handOverAt(100);
     // Millisecond by millisecond between two regular hand-overs.
-    for (int ms = 100; ms < 200; ++ms) EXPECT_NEAR(device.readAt(ms), (ms - 100) / 1000.0, 1e-9);
+    for (int ms = 100; ms < 200; ++ms) EXPECT_NEAR(readAt(ms), (ms - 100) / 1000.0, 1e-9);
 
     // A late hand-over: the clock stops at the end of what the device has received.
-    device.handOverAt(200);
-    EXPECT_DOUBLE_EQ(device.readAt(290), 0.190);
-    EXPECT_DOUBLE_EQ(device.readAt(350), 0.200);
-    EXPECT_DOUBLE_EQ(device.readAt(380), 0.200);
-    device.handOverAt(380);  // the late block arrives; the clock goes on from there
-    EXPECT_DOUBLE_EQ(device.readAt(390), 0.210);
+    handOverAt(200);
+    EXPECT_DOUBLE_EQ(readAt(290), 0.190);
+    EXPECT_DOUBLE_EQ(readAt(350), 0.200);
+    EXPECT_DOUBLE_EQ(readAt(380), 0.200);
+    handOverAt(380);  // the late block arrives; the clock goes on from there
+    EXPECT_DOUBLE_EQ(readAt(390), 0.210);
 
     // An early hand-over would put the clock back; it holds still instead.
-    device.handOverAt(400);  // heard at hand-over: 0.300, though 0.220 is due
-    EXPECT_DOUBLE_EQ(device.readAt(400), 0.300);
-    device.handOverAt(410);  // jitter the other way: 0.400 at 410 ms
-    EXPECT_DOUBLE_EQ(device.readAt(405), 0.400);
-    EXPECT_DOUBLE_EQ(device.readAt(420), 0.410);
-}
-
-TEST(DeviceClock, RestartsAtZeroForNewMusic) {
-    DeviceClock clock(rate, queued);
-    FakeDevice device(clock);
-    for (int ms = 0; ms <= 500; ms += 100) device.handOverAt(ms);
-    EXPECT_DOUBLE_EQ(device.readAt(550), 0.450);
-    clock.restart();
-    EXPECT_EQ(device.readAt(560), 0.0);
-    device.handOverAt(600);
-    device.handOverAt(700);
-    EXPECT_DOUBLE_EQ(device.readAt(710), 0.010);
+    handOverAt(400);  // heard at hand-over: 0.300, though 0.220 is due
+    EXPECT_DOUBLE_EQ(readAt(400), 0.300);
+    handOverAt(410);  // jitter the other way: 0.400 at 410 ms
+    EXPECT_DOUBLE_EQ(readAt(405), 0.400);
+    EXPECT_DOUBLE_EQ(readAt(420), 0.410);
 }
 
 TEST(DeviceClock, ReadingsStayConsistentWhileAnotherThreadHandsOver) {

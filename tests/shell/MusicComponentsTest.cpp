@@ -1,12 +1,17 @@
+// The music components, and the sound as it leaves the player: the lock-step WAV file
+// and the audio device.
 #include "shell/sound/MusicComponents.hpp"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <cstdlib>
+#include <thread>
 
 #include "assets/File.hpp"
+#include "shell/error.hpp"
 #include "shell/sound/SoundSystem.hpp"
 #include "shell/sound/WavWriter.hpp"
 #include "tests/shell/ModWriter.hpp"
@@ -17,19 +22,23 @@ namespace {
 
 constexpr double fps = 50.0;  // 882 samples, 0.02 s per frame
 
+// The little-endian number of `size` bytes at `at`.
+std::uint32_t le(const std::string& bytes, std::size_t at, int size) {
+    std::uint32_t v = 0;
+    for (int i = size - 1; i >= 0; --i) v = (v << 8) | static_cast<unsigned char>(bytes[at + i]);
+    return v;
+}
+
 // Lock-step sound at 50 frames per second over a scratch directory holding "song.mod".
 class MusicTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        writeBytes("song.mod", toBytes(makeTestSong()));
+        writeBytes("song.mod", makeTestSong());
         Timer::instance().driveByFrames(fps);
         startLog();
     }
     void TearDown() override { SoundSystem::instance().close(); }
 
-    static std::vector<unsigned char> toBytes(const std::vector<std::uint8_t>& bytes) {
-        return {bytes.begin(), bytes.end()};
-    }
     static SoundSystem& sound() { return SoundSystem::instance(); }
     static void initialise(bool nosound = false) { sound().initialise(nosound, AudioMode::lockStep, fps); }
 
@@ -192,6 +201,65 @@ TEST_F(MusicTest, StreamSeeksToItsStartTimeAndReplacesAndIsReplacedByModules) {
     EXPECT_FALSE(sound().streamPlaying());
     EXPECT_FLOAT_EQ(sound().currentTime(), 20.0f);
     EXPECT_NEAR(crossingsOver(10), expectedCrossings(testSongLowHz, 8820), 4);
+}
+
+TEST_F(MusicTest, WavLinesUpWithTheFrames) {
+    // 24 frames per second: 1837.5 samples per frame, so frames alternate 1838 and 1837.
+    Timer::instance().driveByFrames(24.0);
+    sound().initialise(false, AudioMode::lockStep, 24.0);
+    sound().setAudioOut("out.wav");
+    playFrames(3);
+    makeFromLine<PlayModule>("song.mod 0 0")->run(0.0f);
+    playFrames(4);
+    sound().close();
+
+    const std::string wav = readFile("out.wav");
+    const std::size_t frames = 12863;  // round(7 × 44100 / 24)
+    ASSERT_EQ(wav.size(), 44 + frames * 4);
+    EXPECT_EQ(wav.substr(0, 4) + wav.substr(8, 8) + wav.substr(36, 4), "RIFFWAVEfmt data");
+    // Offset, size, value: RIFF size, fmt size, PCM, 2 channels, rate, byte rate, block, bits, data size.
+    const std::uint32_t fields[][3] = {{4, 4, 36 + frames * 4}, {16, 4, 16}, {20, 2, 1},      {22, 2, 2},
+                                       {24, 4, 44100},          {28, 4, 44100 * 4}, {32, 2, 4}, {34, 2, 16},
+                                       {40, 4, frames * 4}};
+    for (const auto& [at, size, value] : fields) EXPECT_EQ(le(wav, at, static_cast<int>(size)), value) << at;
+
+    // The music begins with frame 3, at sample round(3 × 1837.5) = 5513, not before.
+    constexpr std::size_t musicStart = 5513;
+    std::size_t firstSound = frames;
+    for (std::size_t i = 0; i < frames * 2 && firstSound == frames; ++i)
+        if (le(wav, 44 + 2 * i, 2) != 0) firstSound = i / 2;
+    EXPECT_GE(firstSound, musicStart);
+    EXPECT_LT(firstSound, musicStart + 16);
+}
+
+TEST_F(MusicTest, AudioOutNeedsLockStep) {
+    sound().initialise(true, AudioMode::device);
+    EXPECT_THROW(sound().setAudioOut("out.wav"), error);
+}
+
+// The real device path, on SDL's dummy driver (no sound card needed).
+TEST_F(MusicTest, DeviceClockRunsWithTheMusicFromTheOffset) {
+    setenv("SDL_AUDIODRIVER", "dummy", 1);
+    sound().initialise(false, AudioMode::device);
+    if (!sound().deviceStatistics().deviceOpen) GTEST_SKIP() << "no dummy audio device";
+    makeFromLine<PlayModule>("song.mod 0 5.0")->run(0.0f);
+    ASSERT_TRUE(sound().modulePlaying());
+    EXPECT_GE(sound().currentTime(), 5.0f);
+    const auto begin = std::chrono::steady_clock::now();
+    float previous = sound().currentTime();
+    while (std::chrono::steady_clock::now() - begin < std::chrono::milliseconds(300)) {
+        const float now = sound().currentTime();
+        EXPECT_GE(now, previous);
+        previous = now;
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    // 0.3 s of wall time, minus the device's latency, give or take scheduling.
+    EXPECT_GT(previous, 5.1f);
+    EXPECT_LT(previous, 5.4f);
+    EXPECT_GT(sound().deviceStatistics().secondsHandedOver, 0.1);
+    sound().close();
+    EXPECT_FALSE(sound().deviceStatistics().deviceOpen);
+    unsetenv("SDL_AUDIODRIVER");
 }
 
 }  // namespace
