@@ -7,11 +7,11 @@ void addMusic(AssetList& assets) {
     assets.push_back({"music.mod", encodeMod(composeSampleSong())});
 }
 
-AssetList makeAllAssets() {
+AssetList makeAllAssets(const Band& band) {
     AssetList assets;
-    addPictures(assets);
-    addMaps(assets);
-    addPalettes(assets);
+    addPictures(assets, band);
+    addMaps(assets, band);
+    addPalettes(assets, band);
     addKeytracks(assets);
     addMusic(assets);
     return assets;

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "tools/assetgen/Band.hpp"
 #include "tools/assetgen/Bytes.hpp"
 
 namespace vz::assetgen {
@@ -14,13 +15,14 @@ struct Asset {
 
 using AssetList = std::vector<Asset>;
 
-void addPictures(AssetList& assets);   // font, textures, backgrounds, sprites, film strip
-void addMaps(AssetList& assets);       // tunnel offsets, light maps, alpha maps, patterns
-void addPalettes(AssetList& assets);   // palette pictures, palette files, LUT palettes
+// Band-sized pictures are made at the band's size; every other file is the same for any band.
+void addPictures(AssetList& assets, const Band& band);  // font, textures, backgrounds, sprites, film
+void addMaps(AssetList& assets, const Band& band);      // tunnel offsets, light maps, alpha maps, patterns
+void addPalettes(AssetList& assets, const Band& band);  // palette pictures, palette files, LUT palettes
 void addKeytracks(AssetList& assets);  // key files
 void addMusic(AssetList& assets);      // the tracker module
 
 // Every file of the demo, in a fixed order.
-AssetList makeAllAssets();
+AssetList makeAllAssets(const Band& band = Band{});
 
 }  // namespace vz::assetgen

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "tools/assetgen/Assets.hpp"
+#include "tools/assetgen/Band.hpp"
 #include "tools/assetgen/FixedRandom.hpp"
 #include "tools/assetgen/GifWriter.hpp"
 #include "tools/assetgen/PcxWriter.hpp"
@@ -11,7 +12,6 @@
 namespace vz::assetgen {
 
 namespace {
-constexpr int screenW = 640, screenH = 400;
 
 // Alpha maps hold 0..32; the palette shows them as greys for viewing.
 Palette alphaPalette() {
@@ -22,39 +22,41 @@ Palette alphaPalette() {
 
 // Light per screen pixel for the lit tunnel: dark far away in the centre, full near
 // the edges, a little dimmer again in the corners.
-IndexedPicture makeTunnelLight() {
-    IndexedPicture map(screenW, screenH);
+IndexedPicture makeTunnelLight(const Band& band) {
+    IndexedPicture map(band.width, band.height);
     map.palette = greyPalette();
-    paint(map, [](int x, int y) {
-        const double r = distance(x, y, 320, 200);
+    paint(map, [&band](int x, int y) {
+        const double r = band.distance(x, y, 320, 200);
         return clampByte(230.0 * (1.0 - std::exp(-r / 85.0)) - 40.0 * smoothstep(300, 380, r));
     });
     return map;
 }
 
 // A spot of light off-centre fading into the dark.
-IndexedPicture makeSpotLight() {
-    IndexedPicture map(screenW, screenH);
+IndexedPicture makeSpotLight(const Band& band) {
+    IndexedPicture map(band.width, band.height);
     map.palette = greyPalette();
-    paint(map, [](int x, int y) { return clampByte(255.0 * (1.0 - smoothstep(0, 300, distance(x, y, 240, 160)))); });
-    return map;
-}
-
-IndexedPicture makeVignetteAlpha() {
-    IndexedPicture map(screenW, screenH);
-    map.palette = alphaPalette();
-    paint(map, [](int x, int y) {
-        return uint8_t(std::lround(32.0 * (1.0 - smoothstep(120, 330, distance(x, y, 320, 200)))));
+    paint(map, [&band](int x, int y) {
+        return clampByte(255.0 * (1.0 - smoothstep(0, 300, band.distance(x, y, 240, 160))));
     });
     return map;
 }
 
-// Horizontal bands that ramp 0 -> 32 -> 0 every 40 rows.
-IndexedPicture makeBandsAlpha() {
-    IndexedPicture map(screenW, screenH);
+IndexedPicture makeVignetteAlpha(const Band& band) {
+    IndexedPicture map(band.width, band.height);
     map.palette = alphaPalette();
-    paint(map, [](int, int y) {
-        const int phase = y % 40;
+    paint(map, [&band](int x, int y) {
+        return uint8_t(std::lround(32.0 * (1.0 - smoothstep(120, 330, band.distance(x, y, 320, 200)))));
+    });
+    return map;
+}
+
+// Horizontal bands that ramp 0 -> 32 -> 0 every 40 authored rows.
+IndexedPicture makeBandsAlpha(const Band& band) {
+    IndexedPicture map(band.width, band.height);
+    map.palette = alphaPalette();
+    paint(map, [&band](int, int y) {
+        const int phase = band.cellY(y) % 40;
         return uint8_t(phase < 20 ? phase * 32 / 19 : (39 - phase) * 32 / 19);
     });
     return map;
@@ -71,54 +73,58 @@ IndexedPicture makeBallAlpha() {
 }
 
 // Patterns: dark pixels are revealed first.
-IndexedPicture makeRadialPattern() {
-    IndexedPicture p(screenW, screenH);
+IndexedPicture makeRadialPattern(const Band& band) {
+    IndexedPicture p(band.width, band.height);
     p.palette = greyPalette();
     const double maxR = distance(0, 0, 320, 200);
-    paint(p, [maxR](int x, int y) { return clampByte(255.0 * distance(x, y, 320, 200) / maxR); });
+    paint(p, [&band, maxR](int x, int y) { return clampByte(255.0 * band.distance(x, y, 320, 200) / maxR); });
     return p;
 }
 
 // A wipe from the top-left corner with a saw-tooth edge.
-IndexedPicture makeDiagonalPattern() {
-    IndexedPicture p(screenW, screenH);
+IndexedPicture makeDiagonalPattern(const Band& band) {
+    IndexedPicture p(band.width, band.height);
     p.palette = greyPalette();
-    paint(p, [](int x, int y) {
+    paint(p, [&band](int px, int py) {
+        const int x = band.cellX(px), y = band.cellY(py);
         const int teeth = std::abs((x + y) % 32 - 16) * 2;  // 0..32
-        return clampByte((x + y) * 223 / (screenW + screenH - 2) + teeth);
+        return clampByte((x + y) * 223 / (Band::authoredWidth + Band::authoredHeight - 2) + teeth);
     });
     return p;
 }
 
-// Random grey per 4 x 4 block: a dissolve.
-IndexedPicture makeNoisePattern() {
-    IndexedPicture p(screenW, screenH);
+// Random grey per 4 x 4 authored block: a dissolve.
+IndexedPicture makeNoisePattern(const Band& band) {
+    IndexedPicture p(band.width, band.height);
     p.palette = greyPalette();
     FixedRandom random(0xD155);
-    std::vector<uint8_t> blocks(size_t(screenW / 4) * size_t(screenH / 4));
+    constexpr int columns = Band::authoredWidth / 4, rows = Band::authoredHeight / 4;
+    std::vector<uint8_t> blocks(size_t(columns) * size_t(rows));
     for (uint8_t& b : blocks) b = uint8_t(random.below(256));
-    paint(p, [&blocks](int x, int y) { return blocks[size_t(y / 4) * size_t(screenW / 4) + size_t(x / 4)]; });
+    paint(p, [&band, &blocks](int x, int y) {
+        return blocks[size_t(band.cellY(y) / 4) * size_t(columns) + size_t(band.cellX(x) / 4)];
+    });
     return p;
 }
 
-void addTunnelTable(AssetList& assets, const std::string& stem, const TunnelShape& shape) {
-    const TunnelTable table = makeTunnelTable(screenW, screenH, shape);
+void addTunnelTable(AssetList& assets, const Band& band, const std::string& stem, const TunnelShape& shape) {
+    const TunnelTable table = makeTunnelTable(band, shape);
     assets.push_back({stem + "_a.pcx", encodePcx(table.angle)});
     assets.push_back({stem + "_b.pcx", encodePcx(table.depth)});
 }
 }  // namespace
 
-void addMaps(AssetList& assets) {
-    addTunnelTable(assets, "tunnel", {320.0, 200.0, 1.0, 4096.0, 4.0});
-    addTunnelTable(assets, "tunnel2", {420.0, 170.0, 2.0, 8192.0, 16.0});
-    assets.push_back({"light_tunnel.pcx", encodePcx(makeTunnelLight())});
-    assets.push_back({"light_spot.pcx", encodePcx(makeSpotLight())});
-    assets.push_back({"alpha_vignette.pcx", encodePcx(makeVignetteAlpha())});
-    assets.push_back({"alpha_bands.pcx", encodePcx(makeBandsAlpha())});
+void addMaps(AssetList& assets, const Band& band) {
+    addTunnelTable(assets, band, "tunnel", {320.0, 200.0, 1.0, 4096.0, 4.0});
+    addTunnelTable(assets, band, "tunnel2", {420.0, 170.0, 2.0, 8192.0, 16.0});
+    assets.push_back({"light_tunnel.pcx", encodePcx(makeTunnelLight(band))});
+    assets.push_back({"light_spot.pcx", encodePcx(makeSpotLight(band))});
+    assets.push_back({"alpha_vignette.pcx", encodePcx(makeVignetteAlpha(band))});
+    assets.push_back({"alpha_bands.pcx", encodePcx(makeBandsAlpha(band))});
     assets.push_back({"alpha_ball.pcx", encodePcx(makeBallAlpha())});
-    assets.push_back({"pattern_radial.pcx", encodePcx(makeRadialPattern())});
-    assets.push_back({"pattern_diagonal.pcx", encodePcx(makeDiagonalPattern())});
-    assets.push_back({"pattern_noise.gif", encodeGif(makeNoisePattern())});
+    assets.push_back({"pattern_radial.pcx", encodePcx(makeRadialPattern(band))});
+    assets.push_back({"pattern_diagonal.pcx", encodePcx(makeDiagonalPattern(band))});
+    assets.push_back({"pattern_noise.gif", encodeGif(makeNoisePattern(band))});
 }
 
 }  // namespace vz::assetgen

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "tools/assetgen/Assets.hpp"
+#include "tools/assetgen/Band.hpp"
 #include "tools/assetgen/NamedPalettes.hpp"
 #include "tools/assetgen/PcxWriter.hpp"
 #include "tools/assetgen/Shapes.hpp"
@@ -10,7 +11,6 @@
 namespace vz::assetgen {
 
 namespace {
-constexpr int screenW = 640, screenH = 400;
 
 // A 256 x 256 picture of the palette as 16 x 16 squares, the index growing left to
 // right then top to bottom.
@@ -23,24 +23,26 @@ IndexedPicture paletteSwatch(const Palette& palette) {
 
 // Index = distance from the centre plus a twist with the angle: rotating the
 // palette makes the spiral flow outwards.
-IndexedPicture makeSpiral() {
-    IndexedPicture p(screenW, screenH);
+IndexedPicture makeSpiral(const Band& band) {
+    IndexedPicture p(band.width, band.height);
     p.palette = rainbowPalette();
-    paint(p, [](int x, int y) {
-        const double a = std::atan2(y - 200.0, x - 320.0) * 128.0 / pi;
-        return uint8_t(int(std::floor(distance(x, y, 320, 200) * 1.5 + a * 2.0)) & 255);
+    const double centreX = 320.0 * band.scaleX(), centreY = 200.0 * band.scaleY();
+    paint(p, [&band, centreX, centreY](int x, int y) {
+        const double a = std::atan2(y - centreY, x - centreX) * 128.0 / pi;
+        return uint8_t(int(std::floor(band.distance(x, y, 320, 200) * 1.5 + a * 2.0)) & 255);
     });
     return p;
 }
 
 // Smooth full-screen plasma using the whole index range; shown through the fire
 // palette, and through a blend of fire and ice with blendPalette.
-IndexedPicture makePlasma() {
-    IndexedPicture p(screenW, screenH);
+IndexedPicture makePlasma(const Band& band) {
+    IndexedPicture p(band.width, band.height);
     p.palette = firePalette();
-    paint(p, [](int x, int y) {
+    paint(p, [&band](int px, int py) {
+        const double x = band.atX(px), y = band.atY(py);
         const double v = std::sin(x * 0.021) + std::sin(y * 0.027 + 1.3) + std::sin((x + y) * 0.014) +
-                         std::sin(distance(x, y, 420, 150) * 0.03);
+                         std::sin(band.distance(px, py, 420, 150) * 0.03);
         return clampByte((v + 4.0) * 31.9);
     });
     return p;
@@ -63,9 +65,9 @@ Palette lutLightPalette() {
 }
 }  // namespace
 
-void addPalettes(AssetList& assets) {
-    assets.push_back({"spiral.pcx", encodePcx(makeSpiral())});
-    assets.push_back({"plasma.pcx", encodePcx(makePlasma())});
+void addPalettes(AssetList& assets, const Band& band) {
+    assets.push_back({"spiral.pcx", encodePcx(makeSpiral(band))});
+    assets.push_back({"plasma.pcx", encodePcx(makePlasma(band))});
     assets.push_back({"pal_fire.pcx", encodePcx(paletteSwatch(firePalette()))});
     assets.push_back({"pal_ice.pcx", encodePcx(paletteSwatch(icePalette()))});
     assets.push_back({"pal_rainbow.pcx", encodePcx(paletteSwatch(rainbowPalette()))});

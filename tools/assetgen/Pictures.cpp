@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "tools/assetgen/Assets.hpp"
+#include "tools/assetgen/Band.hpp"
 #include "tools/assetgen/BmpWriter.hpp"
 #include "tools/assetgen/FixedRandom.hpp"
 #include "tools/assetgen/Font.hpp"
@@ -15,7 +16,6 @@
 namespace vz::assetgen {
 
 namespace {
-constexpr int screenW = 640, screenH = 400;
 
 // Tiles 32 columns wide and 16 rows high, so the pattern wraps on both axes.
 RgbPicture makeTileTexture() {
@@ -73,20 +73,22 @@ IndexedPicture makeGridTexture() {
 }
 
 // Sunset over a grid floor, for the JPEG background.
-RgbPicture makeSunsetPicture() {
-    RgbPicture pic(screenW, screenH);
+RgbPicture makeSunsetPicture(const Band& band) {
+    RgbPicture pic(band.width, band.height);
     const int horizon = 260;
-    for (int y = 0; y < screenH; ++y)
-        for (int x = 0; x < screenW; ++x) {
+    for (int py = 0; py < band.height; ++py)
+        for (int px = 0; px < band.width; ++px) {
+            const double x = band.atX(px), y = band.atY(py);
+            const int row = band.cellY(py);
             Rgb c;
             if (y < horizon) {
-                const double t = double(y) / horizon;
+                const double t = y / horizon;
                 c = mix(mix(Rgb{20, 10, 60}, Rgb{200, 40, 120}, t), Rgb{255, 170, 60}, t * t);
-                const double r = distance(x, y, 320, 200);
-                const bool stripe = y > 170 && (y / 6) % 2 == 0 && (y - 170) / 6 > (260 - y) / 20;
-                if (r < 110 && !stripe) c = mix(Rgb{255, 240, 120}, Rgb{255, 90, 80}, double(y - 90) / 170.0);
+                const double r = band.distance(px, py, 320, 200);
+                const bool stripe = row > 170 && (row / 6) % 2 == 0 && (row - 170) / 6 > (260 - row) / 20;
+                if (r < 110 && !stripe) c = mix(Rgb{255, 240, 120}, Rgb{255, 90, 80}, (y - 90) / 170.0);
                 const double ridge = 215 + 25 * std::sin(x * 0.013) + 12 * std::sin(x * 0.041 + 1.0);
-                if (y > ridge) c = mix(Rgb{40, 10, 60}, Rgb{10, 5, 30}, double(y - ridge) / 40.0);
+                if (y > ridge) c = mix(Rgb{40, 10, 60}, Rgb{10, 5, 30}, (y - ridge) / 40.0);
             } else {
                 const double depth = 1.0 / (y - horizon + 1);
                 const double u = (x - 320) * depth, v = 40.0 * depth;
@@ -94,19 +96,19 @@ RgbPicture makeSunsetPicture() {
                                   std::fmod(v, 1.0) < 0.15;
                 c = line ? mix(Rgb{255, 60, 200}, Rgb{120, 20, 160}, depth * 8) : Rgb{10, 0, 25};
             }
-            pic.at(x, y) = c;
+            pic.at(px, py) = c;
         }
     return pic;
 }
 
 // Two interfering ring systems in colour, for the BMP picture.
-RgbPicture makeInterferencePicture() {
-    RgbPicture pic(screenW, screenH);
-    paint(pic, [](int x, int y) {
-        const double a = std::sin(distance(x, y, 200, 150) * 0.11);
-        const double b = std::sin(distance(x, y, 460, 260) * 0.09);
+RgbPicture makeInterferencePicture(const Band& band) {
+    RgbPicture pic(band.width, band.height);
+    paint(pic, [&band](int x, int y) {
+        const double a = std::sin(band.distance(x, y, 200, 150) * 0.11);
+        const double b = std::sin(band.distance(x, y, 460, 260) * 0.09);
         const double v = (a + b) * 0.25 + 0.5;
-        const double fade = 1.0 - 0.6 * smoothstep(200, 420, distance(x, y, 320, 200));
+        const double fade = 1.0 - 0.6 * smoothstep(200, 420, band.distance(x, y, 320, 200));
         return Rgb{clampByte(255 * v * fade), clampByte((80 + 175 * (1 - v)) * fade * 0.8),
                    clampByte((120 + 135 * a * b) * fade)};
     });
@@ -173,13 +175,13 @@ IndexedPicture makeFilmStrip() {
 }
 }  // namespace
 
-void addPictures(AssetList& assets) {
+void addPictures(AssetList& assets, const Band& band) {
     assets.push_back({"police.pcx", encodePcx(makeFontStrip(24))});
     assets.push_back({"tunnel_tiles.bmp", encodeBmp24(makeTileTexture())});
     assets.push_back({"tunnel_plasma.gif", encodeGif(makePlasmaTexture())});
     assets.push_back({"tunnel_grid.pcx", encodePcx(makeGridTexture())});
-    assets.push_back({"back.jpg", encodeJpeg(makeSunsetPicture(), 90)});
-    assets.push_back({"rings.bmp", encodeBmp24(makeInterferencePicture())});
+    assets.push_back({"back.jpg", encodeJpeg(makeSunsetPicture(band), 90)});
+    assets.push_back({"rings.bmp", encodeBmp24(makeInterferencePicture(band))});
     assets.push_back({"ball.pcx", encodePcx(makeBallSprite())});
     assets.push_back({"star.gif", encodeGif(makeStarSprite())});
     assets.push_back({"film.pcx", encodePcx(makeFilmStrip())});
