@@ -132,7 +132,7 @@ TEST(Window, ShowsTheBandAndEndsOnEscape) {
     EXPECT_EQ(shot.at(160, 220), 0u);
     EXPECT_EQ(shot.at(319, 239), 0u);
 
-    run(env + "xdotool key --window " + window + " Escape");
+    run(env + "xdotool key --window " + window + " Escape 2>/dev/null");
     EXPECT_EQ(waitFor(player, 10000ms), 0) << readFile("player.out");
     auto lines = maskedLogLines("logfile.txt");
     ASSERT_GE(lines.size(), 3u);

@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>
@@ -22,8 +23,15 @@ int startProcess(const std::vector<std::string>& args, const std::string& cwd,
     std::vector<char*> cargv;
     for (auto& a : argv) cargv.push_back(a.data());
     cargv.push_back(nullptr);
+    // The extra entries replace inherited ones of the same name.
+    auto nameOf = [](const std::string& entry) { return entry.substr(0, entry.find('=') + 1); };
     std::vector<std::string> env;
-    for (char** e = environ; *e; ++e) env.emplace_back(*e);
+    for (char** e = environ; *e; ++e) {
+        const std::string inherited = *e;
+        bool replaced = std::any_of(environment.begin(), environment.end(),
+                                    [&](const std::string& extra) { return nameOf(extra) == nameOf(inherited); });
+        if (!replaced) env.push_back(inherited);
+    }
     env.insert(env.end(), environment.begin(), environment.end());
     std::vector<char*> cenv;
     for (auto& e : env) cenv.push_back(e.data());
