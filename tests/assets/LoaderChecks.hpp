@@ -37,8 +37,6 @@ inline std::vector<std::string> failureLog(EntryPoint load, const std::string& f
     return {lines.begin() + 2, lines.end() - 3};
 }
 
-inline std::vector<std::string> framed(const std::string& text) { return {dashLine, text, dashLine}; }
-
 // A file one entry point refuses with error(message), logging `log` and the file name framed.
 struct Refusal {
     EntryPoint load;

@@ -24,23 +24,9 @@ public:
     TextParser parser;
 };
 
-// The message of the vz::error that `action` raises, or "" when it raises none.
-template <class F>
-std::string errorOf(F&& action) {
-    try {
-        action();
-    } catch (const error& e) {
-        return e.message();
-    }
-    return "";
-}
-
 // True when `expected` appears in `lines` as consecutive lines.
 inline bool containsRun(const std::vector<std::string>& lines, const std::vector<std::string>& expected) {
     return std::search(lines.begin(), lines.end(), expected.begin(), expected.end()) != lines.end();
 }
-
-// The three lines that frame a message before a fatal error.
-inline std::vector<std::string> framed(const std::string& message) { return {dashLine, message, dashLine}; }
 
 }  // namespace vz::test

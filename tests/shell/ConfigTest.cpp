@@ -13,12 +13,7 @@ namespace {
 // content reads a missing file.
 std::string fatalOf(const char* content) {
     if (content) test::writeFile("config.txt", content);
-    try {
-        Config::read("config.txt");
-    } catch (const error& e) {
-        return e.message();
-    }
-    return "no error";
+    return test::errorOf([] { Config::read("config.txt"); });
 }
 
 TEST(Config, ReadsNumbersSwitchesAndLogsTheResolution) {

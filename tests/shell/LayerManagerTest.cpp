@@ -33,29 +33,19 @@ std::vector<unsigned> screenMarks(const LayerManager& manager, int count) {
     return marks;
 }
 
-template <class L>
-std::string errorBuilding(int width, int height) {
-    try {
-        L layer(width, height);
-    } catch (const error& e) {
-        return e.message();
-    }
-    return "";
-}
-
 TEST(LayerManagerTest, ScreenRunsNeverTakeTheLastSlotNorStartInTheLastFour) {
     {
         InstalledManager two(4, 2, 64 * 40);
         Layer8bpp first(64, 40);
         EXPECT_EQ(first.pixels, static_cast<const void*>(two->screenPool()));
-        EXPECT_EQ(errorBuilding<Layer8bpp>(64, 40), screenSlotError);
+        EXPECT_EQ(test::errorOf([] { Layer8bpp layer(64, 40); }), screenSlotError);
         EXPECT_EQ(two->screenMark(1), 0u);
     }
 
     InstalledManager eight(4, 8, 640 * 400);
     Layer32bpp big(640, 400);
     EXPECT_EQ(big.pixels, static_cast<const void*>(eight->screenPool()));
-    EXPECT_EQ(errorBuilding<Layer32bpp>(640, 400), screenSlotError);  // slots 4-7 are free, yet no room
+    EXPECT_EQ(test::errorOf([] { Layer32bpp layer(640, 400); }), screenSlotError);  // slots 4-7 are free, yet no room
     EXPECT_EQ(screenMarks(*LayerManager::current(), 8), std::vector<unsigned>({1, 1, 1, 1, 0, 0, 0, 0}));
 }
 

@@ -51,12 +51,7 @@ TEST(Logstream, AnUnwritableLogIsFatal) {
     test::ScratchDir dir;
     std::filesystem::create_directory(logstream::fileName);
     logstream::instance().reset();
-    try {
-        logstream::instance().open();
-        FAIL();
-    } catch (const error& e) {
-        EXPECT_EQ(e.message(), std::string("logstream: could not open file for writing"));
-    }
+    EXPECT_EQ(test::errorOf([] { logstream::instance().open(); }), "logstream: could not open file for writing");
     EXPECT_FALSE(logstream::instance().isOpen());
 }
 

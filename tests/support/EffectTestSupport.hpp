@@ -61,16 +61,6 @@ protected:
         return component;
     }
 
-    // The message of the vz::error that `action` raises, or "no error".
-    template <class Action>
-    static std::string errorOf(Action&& action) {
-        try {
-            action();
-        } catch (const error& e) {
-            return e.message();
-        }
-        return "no error";
-    }
 
 private:
     Sequencer& sequencer() {

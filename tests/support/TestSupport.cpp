@@ -4,6 +4,7 @@
 #include <random>
 #include <sstream>
 
+#include "shell/error.hpp"
 #include "shell/logstream.hpp"
 
 namespace vz::test {
@@ -50,6 +51,17 @@ std::vector<std::string> readLines(const fs::path& path) {
     for (std::string line; std::getline(in, line);) lines.push_back(line);
     return lines;
 }
+
+std::string errorMessageOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const error& e) {
+        return e.message();
+    }
+    return "no error";
+}
+
+std::vector<std::string> framed(const std::string& message) { return {dashLine, message, dashLine}; }
 
 void startLog() {
     logstream::instance().reset();

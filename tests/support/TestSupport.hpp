@@ -1,6 +1,8 @@
 #pragma once
 // Helpers shared by the tests: scratch directories, small files, the log's lines.
 #include <filesystem>
+#include <functional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -23,6 +25,16 @@ void writeFile(const std::filesystem::path& path, const std::string& content);
 void writeBytes(const std::filesystem::path& path, const std::vector<unsigned char>& bytes);
 std::string readFile(const std::filesystem::path& path);
 std::vector<std::string> readLines(const std::filesystem::path& path);
+
+// The message of the vz::error that `action` raises, or "no error" when it raises none.
+std::string errorMessageOf(const std::function<void()>& action);
+template <class Action>
+std::string errorOf(Action&& action) {
+    return errorMessageOf(std::function<void()>(std::forward<Action>(action)));
+}
+
+// The three lines that frame a message in the log before a fatal error.
+std::vector<std::string> framed(const std::string& message);
 
 // Opens the log afresh in the current directory, and returns its lines after closing it.
 void startLog();
