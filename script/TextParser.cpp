@@ -56,20 +56,8 @@ bool TextParser::readLine() {
     // short line still sees zeros there.
     std::memset(line_, 0, sizeof line_);
     if (lineFinished_) ++lineNumber_;
-    int length = 0;
-    lineFinished_ = false;
-    while (length < lineCapacity - 1) {
-        char c;
-        if (file_.read(&c, 1, 1) == 0) {
-            lineFinished_ = true;
-            break;
-        }
-        if (c == '\n') {
-            lineFinished_ = true;
-            break;
-        }
-        line_[length++] = c;
-    }
+    // A line cut at the buffer's size goes on in the next read: same line number.
+    lineFinished_ = file_.readLine(line_, lineCapacity) < lineCapacity - 1;
     cursor_ = line_;
     locationText() = name_ + ":" + std::to_string(lineNumber_);
     return true;
