@@ -53,6 +53,7 @@ public:
 };
 
 // The frame buffer: width x height pixels in system memory, kept locked for the run.
+// Its format is always the player's 32-bit one; locking only hands out the pixels.
 class Surface {
 public:
     Surface(int width, int height, const Format& format);
@@ -66,8 +67,6 @@ public:
 private:
     int width_;
     int height_;
-    Format format_;
-    bool locked_ = false;
     std::vector<std::uint32_t> pixels_;
 };
 

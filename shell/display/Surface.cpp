@@ -4,16 +4,13 @@
 
 namespace vz {
 
-Surface::Surface(int width, int height, const Format& format)
-    : width_(width), height_(height), format_(format),
+Surface::Surface(int width, int height, const Format&)
+    : width_(width), height_(height),
       pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0u) {}
 
-std::uint32_t* Surface::lock() {
-    locked_ = true;
-    return pixels_.data();
-}
+std::uint32_t* Surface::lock() { return pixels_.data(); }
 
-void Surface::unlock() { locked_ = false; }
+void Surface::unlock() {}
 
 void Surface::copy(Console& console) const { console.present(pixels_.data(), width_, height_); }
 
