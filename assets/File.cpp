@@ -1,8 +1,8 @@
 #include "assets/File.hpp"
 
+#include <minizip/unzip.h>
 #include <algorithm>
 #include <array>
-#include <minizip/unzip.h>
 
 namespace vz {
 
@@ -73,8 +73,7 @@ bool File::open(const std::string& name) {
     a.entryNames[free] = name;
     slot_ = free;
     archivePosition_ = 0;
-    if (unzLocateFile(zip, name.c_str(), caseInsensitive) != UNZ_OK ||
-        unzOpenCurrentFile(zip) != UNZ_OK) {
+    if (unzLocateFile(zip, name.c_str(), caseInsensitive) != UNZ_OK || unzOpenCurrentFile(zip) != UNZ_OK) {
         close();  // the failed open gives its slot back
         return false;
     }
@@ -163,8 +162,7 @@ long File::size() {
     }
     if (slot_ < 0) return 0;
     unz_file_info64 info{};
-    if (unzGetCurrentFileInfo64(archive().slots[slot_], &info, nullptr, 0, nullptr, 0, nullptr, 0) != UNZ_OK)
-        return 0;
+    if (unzGetCurrentFileInfo64(archive().slots[slot_], &info, nullptr, 0, nullptr, 0, nullptr, 0) != UNZ_OK) return 0;
     return static_cast<long>(info.uncompressed_size);
 }
 

@@ -57,8 +57,9 @@ struct GifFailureTexts {
 
 constexpr GifFailureTexts gifLayerFailure{{"loadGif error in get_size, the file was : ", "loadGif error"},
                                           {"loadGif error in read_gif, the file was : ", "loadGif error"}};
-constexpr GifFailureTexts gifPaletteFailure{{"loadPaletteGif error in get_size, the file was : ", "loadPaletteGif error"},
-                                            {"loadGif error in read_gif, the file was : ", "loadPaletteGif error"}};
+constexpr GifFailureTexts gifPaletteFailure{
+    {"loadPaletteGif error in get_size, the file was : ", "loadPaletteGif error"},
+    {"loadGif error in read_gif, the file was : ", "loadPaletteGif error"}};
 
 [[noreturn]] void fail(const FailureTexts& texts, const std::string& fileName, const char* reason = nullptr) {
     logFramed(texts.log + fileName);
@@ -144,9 +145,7 @@ std::unique_ptr<Layer32bpp> loadJpg(const std::string& fileName) {
     readWholeFile(fileName, bytes);  // a file that cannot be opened has no header to read
     JpegPicture picture;
     switch (decodeJpeg(bytes, picture)) {
-    case JpegResult::initFailed:
-        logout() << "Cannot initialize Intel JPEG library\n" << lend;
-        return nullptr;
+    case JpegResult::initFailed: logout() << "Cannot initialize Intel JPEG library\n" << lend; return nullptr;
     case JpegResult::headerFailed:
         logout() << "Cannot read JPEG file header from " << fileName << lend;
         throw error("loadJpg error");

@@ -35,8 +35,8 @@ using SteadyClock = std::chrono::steady_clock;
 std::string writeSong() {
     const fs::path path = fs::temp_directory_path() / "vz-bench-song.mod";
     const auto bytes = vz::test::makeTestSong();
-    std::ofstream(path, std::ios::binary).write(reinterpret_cast<const char*>(bytes.data()),
-                                                static_cast<std::streamsize>(bytes.size()));
+    std::ofstream(path, std::ios::binary)
+        .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
     return path.string();
 }
 

@@ -108,9 +108,7 @@ void BM_Zoom(benchmark::State& state, int rendu) {
     finish(state, f.pixels());
 }
 
-void sizes(benchmark::internal::Benchmark* b) {
-    b->Args({640, 480})->Args({1920, 1080});
-}
+void sizes(benchmark::internal::Benchmark* b) { b->Args({640, 480})->Args({1920, 1080}); }
 
 void sizesAndRadii(benchmark::internal::Benchmark* b) {
     for (int n : {1, 8, 64}) b->Args({640, 480, n})->Args({1920, 1080, n});

@@ -80,7 +80,8 @@ void BM_GifDecode(benchmark::State& state) {
     std::vector<std::uint8_t> out(static_cast<std::size_t>(pixelCount));
     for (auto _ : state) {
         vz::GifImage image;
-        if (vz::decodeGif(file, out.data(), out.size(), image) != vz::GifResult::ok) state.SkipWithError("decode failed");
+        if (vz::decodeGif(file, out.data(), out.size(), image) != vz::GifResult::ok)
+            state.SkipWithError("decode failed");
         benchmark::DoNotOptimize(out.data());
     }
     if (out != pictureIndices()) state.SkipWithError("wrong pixels");

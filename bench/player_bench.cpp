@@ -45,8 +45,10 @@ fs::path demoAt(int width, int height) {
     std::string command = std::string("'") + VZ_ASSET_GENERATOR + "' --band " + std::to_string(width) + "x" +
                           std::to_string(band) + " '" + copy.string() + "' > /dev/null";
     if (std::system(command.c_str()) != 0) return {};
-    std::ofstream(copy / "config.txt") << width << "\n" << height << "\n" << band << "\n" << (height - band) / 2
-                                       << "\n64\n40\n";
+    std::ofstream(copy / "config.txt") << width << "\n"
+                                       << height << "\n"
+                                       << band << "\n"
+                                       << (height - band) / 2 << "\n64\n40\n";
     return copy;
 }
 
@@ -94,7 +96,8 @@ void playSample(benchmark::State& state) {
         state.counters["frames"] = static_cast<double>(console.presented.size());
         state.counters["fps"] = static_cast<double>(console.presented.size()) / total;
         state.counters["slowest_second_fps"] = slowest;
-        state.counters["startup_ms"] = std::chrono::duration<double, std::milli>(console.presented.front() - start).count();
+        state.counters["startup_ms"] =
+            std::chrono::duration<double, std::milli>(console.presented.front() - start).count();
         state.SetItemsProcessed(static_cast<std::int64_t>(console.presented.size()) * width * height);
     }
     vz::Timer::instance().driveByFrames(0);

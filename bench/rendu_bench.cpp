@@ -37,7 +37,9 @@ struct Frame {
     std::vector<std::uint32_t> palette;
 };
 
-std::size_t pixelsOf(const benchmark::State& state) { return static_cast<std::size_t>(state.range(0) * state.range(1)); }
+std::size_t pixelsOf(const benchmark::State& state) {
+    return static_cast<std::size_t>(state.range(0) * state.range(1));
+}
 
 void finish(benchmark::State& state, std::size_t n) {
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(n));
@@ -164,7 +166,11 @@ void BM_PixmanOverSolidMask(benchmark::State& state) {
 }
 
 BENCHMARK(BM_PixmanAdd)->Args({640, 480})->Args({1920, 1080});
-BENCHMARK(BM_PixmanOverSolidMask)->Args({640, 480, 16})->Args({1920, 1080, 16})->Args({640, 480, 12})->Args({1920, 1080, 12});
+BENCHMARK(BM_PixmanOverSolidMask)
+    ->Args({640, 480, 16})
+    ->Args({1920, 1080, 16})
+    ->Args({640, 480, 12})
+    ->Args({1920, 1080, 12});
 #endif
 
 void sizes(benchmark::internal::Benchmark* b) {

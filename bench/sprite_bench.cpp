@@ -39,7 +39,7 @@ void BM_TextLine(benchmark::State& state) {
     randomPicture(font);
     vz::TextStyle style;
     style.x = -0.9f;
-    style.spacing = 32;  // the advance is (32 + 32) / W units = 32 pixels: glyphs side by side
+    style.spacing = 32;                     // the advance is (32 + 32) / W units = 32 pixels: glyphs side by side
     const char* line = "BROWN FOX 012345";  // fits in 640 pixels
     int glyphs = 0;
     for (const char* c = line; *c; ++c) glyphs += *c != ' ';

@@ -60,6 +60,6 @@ struct ComponentRegistration {
 // The class needs a constructor (Sequencer&, TextParser&).
 #define VZ_COMPONENT_CAT2(a, b) a##b
 #define VZ_COMPONENT_CAT(a, b) VZ_COMPONENT_CAT2(a, b)
-#define VZ_COMPONENT(keyword, Class)                                                  \
-    static const ::vz::ComponentRegistration VZ_COMPONENT_CAT(componentRegistration_, \
-                                                              __LINE__){keyword, &::vz::buildComponent<Class>};
+#define VZ_COMPONENT(keyword, Class)                                                             \
+    static const ::vz::ComponentRegistration VZ_COMPONENT_CAT(componentRegistration_, __LINE__){ \
+        keyword, &::vz::buildComponent<Class>};

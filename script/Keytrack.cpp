@@ -135,11 +135,11 @@ void Keytrack<V>::evaluate(float t, V& value) {
     if (interpolation == Spline && n < 4) interpolation = Linear;  // for good
     float (*curve)(float, float, float, float, float) = nullptr;
     switch (interpolation) {
-        case Square: curve = square; break;
-        case Linear: curve = linear; break;
-        case Spline: curve = spline; break;
-        case Cosinus: curve = cosinus; break;
-        default: return;
+    case Square: curve = square; break;
+    case Linear: curve = linear; break;
+    case Spline: curve = spline; break;
+    case Cosinus: curve = cosinus; break;
+    default: return;
     }
 
     t = wrapTime(t, period);
@@ -204,7 +204,8 @@ std::unique_ptr<Keytrack<V>> Keytrack<V>::load(const std::string& fileName) {
     parser.close();
     const int n = track->count();
     if (n < declared)
-        logout() << "Keytrack Building : " << "there is only " << n << " keys in " << fileName << lend;
+        logout() << "Keytrack Building : "
+                 << "there is only " << n << " keys in " << fileName << lend;
 
     // Evaluation relies on a loop that starts at or before 0 and has a positive period.
     if (n == 0) reject("Keytrack Building : there is no key in " + fileName);

@@ -18,12 +18,12 @@ public:
 
     int width = 0;
     int height = 0;
-    int halfWidth = 0;          // width >> 1
-    int halfHeight = 0;         // height >> 1
-    float unitsPerPixelX = 0;   // 2 / width: pixels to the -1..1 range
-    float unitsPerPixelY = 0;   // 2 / height
-    bool fromSlots = false;     // memory came from the LayerManager
-    int posX = 0;               // origin of rectangle copies and fills ("crop" sets it)
+    int halfWidth = 0;         // width >> 1
+    int halfHeight = 0;        // height >> 1
+    float unitsPerPixelX = 0;  // 2 / width: pixels to the -1..1 range
+    float unitsPerPixelY = 0;  // 2 / height
+    bool fromSlots = false;    // memory came from the LayerManager
+    int posX = 0;              // origin of rectangle copies and fills ("crop" sets it)
     int posY = 0;
 
     std::int64_t pixelCount() const { return static_cast<std::int64_t>(width) * height; }
@@ -42,8 +42,8 @@ protected:
 
 class Layer32bpp : public Layer {
 public:
-    Layer32bpp(int w, int h);                        // memory from the LayerManager
-    Layer32bpp(int w, int h, std::uint32_t* view);   // a view over memory it does not own
+    Layer32bpp(int w, int h);                       // memory from the LayerManager
+    Layer32bpp(int w, int h, std::uint32_t* view);  // a view over memory it does not own
     ~Layer32bpp() override;
     static const char* staticKind() { return "Layer32bpp"; }
     const char* kindName() const override { return staticKind(); }

@@ -17,18 +17,30 @@ namespace {
 bool applyKey(Material& material, const char* key, TextParser& parser) {
     Repository& repository = Repository::instance();
     auto is = [key](const char* text) { return std::strcmp(key, text) == 0; };
-    if (is("color")) material.color = repository.aquireAs<Color>(parser.getTokenCopy()).value;
-    else if (is("map32bpp")) material.map32 = &repository.aquireAs<Layer32bpp>(parser.getTokenCopy());
-    else if (is("map8bpp")) material.map8 = &repository.aquireAs<Layer8bpp>(parser.getTokenCopy());
-    else if (is("lightmap8bpp")) material.lightmap8 = &repository.aquireAs<Layer8bpp>(parser.getTokenCopy());
-    else if (is("palette")) material.palette = &repository.aquireAs<Palette>(parser.getTokenCopy());
-    else if (is("lut")) material.lut = &repository.aquireAs<Layer32bpp>(parser.getTokenCopy());
-    else if (is("doubleface")) material.doubleFace = token2bool(parser.getToken());
-    else if (is("id")) material.id = token2materialId(parser.getToken());
-    else if (is("rendu")) material.rendu = token2rendu(parser.getToken());
-    else if (is("solid")) material.solid = token2bool(parser.getToken());
-    else if (is("sprite")) material.rendu += 256;
-    else return false;
+    if (is("color"))
+        material.color = repository.aquireAs<Color>(parser.getTokenCopy()).value;
+    else if (is("map32bpp"))
+        material.map32 = &repository.aquireAs<Layer32bpp>(parser.getTokenCopy());
+    else if (is("map8bpp"))
+        material.map8 = &repository.aquireAs<Layer8bpp>(parser.getTokenCopy());
+    else if (is("lightmap8bpp"))
+        material.lightmap8 = &repository.aquireAs<Layer8bpp>(parser.getTokenCopy());
+    else if (is("palette"))
+        material.palette = &repository.aquireAs<Palette>(parser.getTokenCopy());
+    else if (is("lut"))
+        material.lut = &repository.aquireAs<Layer32bpp>(parser.getTokenCopy());
+    else if (is("doubleface"))
+        material.doubleFace = token2bool(parser.getToken());
+    else if (is("id"))
+        material.id = token2materialId(parser.getToken());
+    else if (is("rendu"))
+        material.rendu = token2rendu(parser.getToken());
+    else if (is("solid"))
+        material.solid = token2bool(parser.getToken());
+    else if (is("sprite"))
+        material.rendu += 256;
+    else
+        return false;
     return true;
 }
 

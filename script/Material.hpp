@@ -26,15 +26,15 @@ public:
     // An unknown key is logged and its line skipped; a missing symbol is fatal.
     static std::unique_ptr<Material> load(const std::string& fileName);
 
-    int rendu = 32;             // blend mode; bit 8 is the sprite flag
-    int reserved = 2;           // no key sets it; kept for the renderers with its default
-    int id = 4;                 // rasterizer kind ("flatColor")
+    int rendu = 32;    // blend mode; bit 8 is the sprite flag
+    int reserved = 2;  // no key sets it; kept for the renderers with its default
+    int id = 4;        // rasterizer kind ("flatColor")
     bool doubleFace = false;
     bool solid = true;
-    Layer32bpp* map32 = nullptr;        // borrowed from the repository
+    Layer32bpp* map32 = nullptr;  // borrowed from the repository
     Layer8bpp* map8 = nullptr;
     Layer8bpp* lightmap8 = nullptr;
-    Layer32bpp* lut = nullptr;          // 256 x 256 light x colour table
+    Layer32bpp* lut = nullptr;         // 256 x 256 light x colour table
     std::uint32_t color = 0x000000FF;  // copied from the colour symbol
     Palette* palette = nullptr;
 };

@@ -14,8 +14,7 @@ bool& endOfDemo() {
     return flag;
 }
 
-Sequencer::Sequencer(const std::string& scriptName, const ExtraComponents* extra)
-    : Sequencer(scriptName, extra, 0) {}
+Sequencer::Sequencer(const std::string& scriptName, const ExtraComponents* extra) : Sequencer(scriptName, extra, 0) {}
 
 Sequencer::Sequencer(const std::string& scriptName, const Sequencer& parent)
     : Sequencer(scriptName, parent.extra_, parent.depth_ + 1) {}
@@ -88,8 +87,7 @@ void Sequencer::read(float t) {
 void Sequencer::readEntry(Component* current) {
     const std::string where = parser_.fileName() + ":" + std::to_string(parser_.lineNumber());
     if (!current) fail(where, "timeline entry without a component");
-    if (entryCount() >= entryCapacity)
-        fail(where, "more than " + std::to_string(entryCapacity) + " timeline entries");
+    if (entryCount() >= entryCapacity) fail(where, "more than " + std::to_string(entryCapacity) + " timeline entries");
 
     Entry entry;
     entry.component = current;

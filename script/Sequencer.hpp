@@ -40,7 +40,7 @@ public:
         int order = 0;
     };
 
-    static constexpr int maxNesting = 16;      // composites within composites
+    static constexpr int maxNesting = 16;  // composites within composites
 
     // Opens the script (a missing file is the parser's fatal error) and registers every
     // catalogue keyword. `extra` is borrowed and must outlive the sequencer.

@@ -11,9 +11,7 @@ namespace vz {
 
 namespace {
 
-bool isSeparator(char c) {
-    return c == ' ' || c == '\v' || c == '\f' || c == '\n' || c == '\r' || c == '\t';
-}
+bool isSeparator(char c) { return c == ' ' || c == '\v' || c == '\f' || c == '\n' || c == '\r' || c == '\t'; }
 
 bool isTerminator(char c) { return c == '\0' || c == '#' || isSeparator(c); }
 

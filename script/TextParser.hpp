@@ -21,12 +21,12 @@ public:
     void close();
     bool isOpen() const { return file_.isOpen(); }
 
-    bool nextLine();                // next line holding a token; false at the end
-    const char* getToken();         // throws when no token is left on the line
-    std::string getTokenCopy();     // an owned copy that outlives the line
-    int getInt();                   // "%d" scan of the next token (0 when nothing converts)
-    float getFloat();               // "%f" scan of the next token (0 when nothing converts)
-    char peekChar() const;          // first non-separator character left (0 or '#': none)
+    bool nextLine();             // next line holding a token; false at the end
+    const char* getToken();      // throws when no token is left on the line
+    std::string getTokenCopy();  // an owned copy that outlives the line
+    int getInt();                // "%d" scan of the next token (0 when nothing converts)
+    float getFloat();            // "%f" scan of the next token (0 when nothing converts)
+    char peekChar() const;       // first non-separator character left (0 or '#': none)
     bool lastTokenIs(const char* text) const;
     bool tokensLeft() const;
 

@@ -14,7 +14,7 @@ struct Shot {
 };
 
 struct Options {
-    std::string demo;            // directory, .zip archive, or empty
+    std::string demo;  // directory, .zip archive, or empty
     bool headless = false;
     double fps = 50.0;
     std::optional<double> until;
@@ -22,7 +22,7 @@ struct Options {
     std::string dumpFramesDir;
     std::string audioOut;
     bool listComponents = false;
-    bool markdown = false;       // with --list-components: the reference as Markdown
+    bool markdown = false;  // with --list-components: the reference as Markdown
     bool help = false;
     bool version = false;
 };

@@ -26,9 +26,8 @@ void checkSizes(const Config& c, const std::string& fileName) {
         fail("invalid hardware resolution " + std::to_string(c.hardwareWidth) + " * " +
              std::to_string(c.hardwareHeight));
     if (c.windowHeight < 1 || c.topOffset < 0 || c.topOffset + c.windowHeight > c.hardwareHeight)
-        fail("the window band (height " + std::to_string(c.windowHeight) + " at row " +
-             std::to_string(c.topOffset) + ") does not fit in the hardware height " +
-             std::to_string(c.hardwareHeight));
+        fail("the window band (height " + std::to_string(c.windowHeight) + " at row " + std::to_string(c.topOffset) +
+             ") does not fit in the hardware height " + std::to_string(c.hardwareHeight));
     if (c.smallSlotCount < 0 || c.smallSlotCount > 16384 || c.screenSlotCount < 0 || c.screenSlotCount > 1024)
         fail("slot counts out of range (" + std::to_string(c.smallSlotCount) + ", " +
              std::to_string(c.screenSlotCount) + ")");

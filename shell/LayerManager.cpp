@@ -31,7 +31,8 @@ LayerManager::LayerManager(int smallSlotCount, int screenSlotCount, std::int64_t
     // Pools start zeroed so that runs are reproducible; afterwards a slot keeps whatever
     // its previous layer left in it. A pool the heap cannot supply is simply empty.
     if (smallSlotCount > 0) {
-        smallBlock_ = static_cast<std::uint8_t*>(std::calloc(static_cast<std::size_t>(smallSlotCount) + 1, smallSlotSize));
+        smallBlock_ =
+            static_cast<std::uint8_t*>(std::calloc(static_cast<std::size_t>(smallSlotCount) + 1, smallSlotSize));
         if (smallBlock_) {
             auto address = reinterpret_cast<std::uintptr_t>(smallBlock_);
             smallBase_ = smallBlock_ + ((smallSlotSize - address % smallSlotSize) % smallSlotSize);
@@ -39,7 +40,8 @@ LayerManager::LayerManager(int smallSlotCount, int screenSlotCount, std::int64_t
         }
     }
     if (screenSlotCount > 0 && screenSlotSize_ > 0) {
-        screenPool_ = static_cast<std::uint8_t*>(std::calloc(static_cast<std::size_t>(screenSlotCount), static_cast<std::size_t>(screenSlotSize_)));
+        screenPool_ = static_cast<std::uint8_t*>(
+            std::calloc(static_cast<std::size_t>(screenSlotCount), static_cast<std::size_t>(screenSlotSize_)));
         if (screenPool_) screenCount_ = screenSlotCount;
     }
     smallMarks_.assign(static_cast<std::size_t>(smallCount_), 0);
@@ -113,7 +115,8 @@ void* LayerManager::allocate(std::int64_t size) {
     if (size == 4 * screenSlotSize_ && screenSlotSize_ > 0) return takeScreenRun();
     if (size == static_cast<std::int64_t>(smallSlotSize)) return takeSmallSlot();
     if (size == static_cast<std::int64_t>(4 * smallSlotSize)) return takeSmallRun();
-    logout() << "LayerManager::raw allocation : " << "size = " << size << " bytes" << lend;
+    logout() << "LayerManager::raw allocation : "
+             << "size = " << size << " bytes" << lend;
     // Zeroed so that a layer nobody has drawn into reads the same in every run.
     void* block = std::calloc(static_cast<std::size_t>(size > 0 ? size : 1), 1);
     if (!block) throw error("LayerManager::raw allocation : out of memory");

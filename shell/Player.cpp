@@ -57,8 +57,8 @@ public:
         if (!options_.dumpFramesDir.empty()) {
             char name[32];
             std::snprintf(name, sizeof name, "frame-%06ld.png", frameIndex_);
-            writePng((std::filesystem::path(options_.dumpFramesDir) / name).string(), surface.pixels(),
-                     surface.width(), surface.height());
+            writePng((std::filesystem::path(options_.dumpFramesDir) / name).string(), surface.pixels(), surface.width(),
+                     surface.height());
         }
         ++frameIndex_;
     }
@@ -93,9 +93,9 @@ int playDemo(const Options& options, Console& console) {
     // 2. Configuration.
     Config config = Config::read("config.txt");
     // 3. Memory slots: a screen slot holds an 8-bit layer of the band's size.
-    LayerManager::install(std::make_unique<LayerManager>(
-        config.smallSlotCount, config.screenSlotCount,
-        static_cast<std::int64_t>(config.windowHeight) * config.hardwareWidth));
+    LayerManager::install(
+        std::make_unique<LayerManager>(config.smallSlotCount, config.screenSlotCount,
+                                       static_cast<std::int64_t>(config.windowHeight) * config.hardwareWidth));
 
     SoundSystem& sound = SoundSystem::instance();
     int status = 0;
@@ -126,8 +126,7 @@ int playDemo(const Options& options, Console& console) {
         TextOverlay& overlay = TextOverlay::instance();
         overlay.reset();
         // 16. Time and sound.
-        sound.initialise(config.nosound, options.headless ? AudioMode::lockStep : AudioMode::device,
-                         options.fps);
+        sound.initialise(config.nosound, options.headless ? AudioMode::lockStep : AudioMode::device, options.fps);
         if (!options.audioOut.empty()) sound.setAudioOut(options.audioOut);
         // 17. The window.
         console.open(consoleTitle, config.hardwareWidth, config.hardwareHeight, format, 0);

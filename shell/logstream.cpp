@@ -1,8 +1,8 @@
 #include "shell/logstream.hpp"
 
+#include <sys/stat.h>
 #include <ctime>
 #include <fstream>
-#include <sys/stat.h>
 
 #include "shell/error.hpp"
 

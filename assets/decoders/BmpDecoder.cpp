@@ -93,13 +93,12 @@ DecodeStatus readBmpHeader(std::span<const std::uint8_t> file, BmpHeader& header
     header.type[0] = static_cast<char>(type[0]);
     header.type[1] = static_cast<char>(type[1]);
     if (!(type[0] == 'B' && (type[1] == 'M' || type[1] == 'A'))) return DecodeStatus::rejected;
-    bool complete = field(reader, header.fileSize) && field(reader, header.reserved) &&
-                    field(reader, header.dataOffset) && field(reader, header.headerSize) &&
-                    field(reader, header.width) && field(reader, header.height) && field(reader, header.planes) &&
-                    field(reader, header.bitCount) && field(reader, header.compression) &&
-                    field(reader, header.imageSize) && field(reader, header.xResolution) &&
-                    field(reader, header.yResolution) && field(reader, header.colorsUsed) &&
-                    field(reader, header.colorsImportant);
+    bool complete =
+        field(reader, header.fileSize) && field(reader, header.reserved) && field(reader, header.dataOffset) &&
+        field(reader, header.headerSize) && field(reader, header.width) && field(reader, header.height) &&
+        field(reader, header.planes) && field(reader, header.bitCount) && field(reader, header.compression) &&
+        field(reader, header.imageSize) && field(reader, header.xResolution) && field(reader, header.yResolution) &&
+        field(reader, header.colorsUsed) && field(reader, header.colorsImportant);
     return complete ? DecodeStatus::ok : DecodeStatus::truncated;
 }
 
@@ -119,8 +118,7 @@ DecodeStatus decodeBmpPixels(std::span<const std::uint8_t> file, const BmpHeader
     if (header.bitCount == 24) return decodeTrueColorRows(reader, header, picture);
     Palette256 table = readColorTable(file, header.bitCount);
     // Compression is honoured for 8 and 4 bits only; any non-zero value means RLE.
-    if (header.compression != 0 && header.bitCount != 1)
-        return decodeBmpRle(reader, header.bitCount, table, picture);
+    if (header.compression != 0 && header.bitCount != 1) return decodeBmpRle(reader, header.bitCount, table, picture);
     return decodeIndexedRows(reader, header, table, picture);
 }
 

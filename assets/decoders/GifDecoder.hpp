@@ -41,7 +41,7 @@ struct GifScreen {
 };
 
 struct GifImage {
-    int width = 0;   // from the image descriptor
+    int width = 0;  // from the image descriptor
     int height = 0;
     bool interlaced = false;
     Palette256 palette{};

@@ -25,14 +25,15 @@ void drawPlaced(Layer32bpp& target, const Sprite& sprite, const Layer32bpp& pict
     const std::uint32_t* pixels = picture.pixels;
     withRendu(rendu, [&](auto level) {
         constexpr int R = decltype(level)::value;
-        walkSprite(target, *run, picture.width, [pixels](std::uint32_t& d, std::size_t i) { d = blend::op<R>(pixels[i], d); });
+        walkSprite(target, *run, picture.width,
+                   [pixels](std::uint32_t& d, std::size_t i) { d = blend::op<R>(pixels[i], d); });
     });
 }
 
 }  // namespace
 
-void drawScaled(Layer32bpp& target, const Layer32bpp& picture, float x, float y, float scaleX, float scaleY,
-                int rendu, BlackPixels black) {
+void drawScaled(Layer32bpp& target, const Layer32bpp& picture, float x, float y, float scaleX, float scaleY, int rendu,
+                BlackPixels black) {
     if (!(scaleX > 0.0f) || !(scaleY > 0.0f) || !std::isfinite(x) || !std::isfinite(y)) return;
     Sprite sprite{picture.width, picture.height, 0, 0, std::min(scaleX, maxScale), std::min(scaleY, maxScale)};
     placeSprite(sprite, target, x, y);

@@ -36,7 +36,8 @@ namespace {
 
 int numFramesParam(TextParser& parser, const char* keyword) {
     const int frames = parser.getInt();
-    if (frames < 1) componentError(std::string(keyword) + " : numFrames must be at least 1, not " + std::to_string(frames));
+    if (frames < 1)
+        componentError(std::string(keyword) + " : numFrames must be at least 1, not " + std::to_string(frames));
     return frames;
 }
 

@@ -20,31 +20,53 @@ inline W shr(W x) {
 // part<K>(x): the approximation of x * K / 32 that the levels are built from.
 template <int K, class W>
 inline W part(W x) {
-    if constexpr (K == 1) return shr<5>(x);
-    else if constexpr (K == 2) return shr<4>(x);
-    else if constexpr (K == 3) return shr<4>(x) + shr<5>(x);
-    else if constexpr (K == 4) return shr<3>(x);
-    else if constexpr (K == 5) return shr<3>(x) + shr<5>(x);
-    else if constexpr (K == 6) return shr<3>(x) + shr<4>(x);
-    else if constexpr (K == 7) return shr<2>(x) - shr<5>(x);
-    else if constexpr (K == 9) return shr<2>(x) + shr<5>(x);
-    else if constexpr (K == 10) return shr<2>(x) + shr<4>(x);
-    else if constexpr (K == 11) return shr<1>(x) - shr<3>(x) - shr<5>(x);
-    else if constexpr (K == 12) return shr<2>(x) + shr<3>(x);
+    if constexpr (K == 1)
+        return shr<5>(x);
+    else if constexpr (K == 2)
+        return shr<4>(x);
+    else if constexpr (K == 3)
+        return shr<4>(x) + shr<5>(x);
+    else if constexpr (K == 4)
+        return shr<3>(x);
+    else if constexpr (K == 5)
+        return shr<3>(x) + shr<5>(x);
+    else if constexpr (K == 6)
+        return shr<3>(x) + shr<4>(x);
+    else if constexpr (K == 7)
+        return shr<2>(x) - shr<5>(x);
+    else if constexpr (K == 9)
+        return shr<2>(x) + shr<5>(x);
+    else if constexpr (K == 10)
+        return shr<2>(x) + shr<4>(x);
+    else if constexpr (K == 11)
+        return shr<1>(x) - shr<3>(x) - shr<5>(x);
+    else if constexpr (K == 12)
+        return shr<2>(x) + shr<3>(x);
     // 13 and 19 are a mirrored pair: 255 gives 106 and 148, and both stay between
     // their neighbouring levels for every channel value.
-    else if constexpr (K == 13) return shr<1>(x) - shr<3>(x) + shr<5>(x) + shr<6>(x);
-    else if constexpr (K == 14) return shr<1>(x) - shr<4>(x);
-    else if constexpr (K == 15) return shr<1>(x) - shr<5>(x);
-    else if constexpr (K == 16) return shr<1>(x);
-    else if constexpr (K == 17) return shr<1>(x) + shr<5>(x);
-    else if constexpr (K == 18) return shr<1>(x) + shr<4>(x);
-    else if constexpr (K == 19) return shr<1>(x) + shr<3>(x) - shr<5>(x) - shr<6>(x);
-    else if constexpr (K == 20) return shr<1>(x) + shr<3>(x);
+    else if constexpr (K == 13)
+        return shr<1>(x) - shr<3>(x) + shr<5>(x) + shr<6>(x);
+    else if constexpr (K == 14)
+        return shr<1>(x) - shr<4>(x);
+    else if constexpr (K == 15)
+        return shr<1>(x) - shr<5>(x);
+    else if constexpr (K == 16)
+        return shr<1>(x);
+    else if constexpr (K == 17)
+        return shr<1>(x) + shr<5>(x);
+    else if constexpr (K == 18)
+        return shr<1>(x) + shr<4>(x);
+    else if constexpr (K == 19)
+        return shr<1>(x) + shr<3>(x) - shr<5>(x) - shr<6>(x);
+    else if constexpr (K == 20)
+        return shr<1>(x) + shr<3>(x);
     // 22 and 26 pair with 10 and 6 (255 gives 176 / 78 and 208 / 46).
-    else if constexpr (K == 22) return (x & W(0xFFFFFFu)) - shr<1>(x) + shr<2>(x) - shr<4>(x);
-    else if constexpr (K == 26) return (x & W(0xFFFFFFu)) - shr<2>(x) + shr<3>(x) - shr<4>(x);
-    else static_assert(K < 0, "no approximation for this weight");
+    else if constexpr (K == 22)
+        return (x & W(0xFFFFFFu)) - shr<1>(x) + shr<2>(x) - shr<4>(x);
+    else if constexpr (K == 26)
+        return (x & W(0xFFFFFFu)) - shr<2>(x) + shr<3>(x) - shr<4>(x);
+    else
+        static_assert(K < 0, "no approximation for this weight");
 }
 
 // Per-pixel saturating add of the lossy kind: the low bit of every byte is dropped so a

@@ -29,8 +29,6 @@ constexpr std::array<PixelOperator, renduCount> allOperators =
 const std::array<PixelOperator, renduCount> operatorTable = allOperators;
 const std::array<PixelOperator, 256> alphaMapTable = makeAlphaMapTable(allOperators);
 
-std::uint32_t blendPixel(int rendu, std::uint32_t s, std::uint32_t d) {
-    return operatorTable[clampRendu(rendu)](s, d);
-}
+std::uint32_t blendPixel(int rendu, std::uint32_t s, std::uint32_t d) { return operatorTable[clampRendu(rendu)](s, d); }
 
 }  // namespace vz

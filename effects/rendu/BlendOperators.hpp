@@ -45,18 +45,17 @@ std::uint32_t blendPixel(int rendu, std::uint32_t s, std::uint32_t d);
 template <class Fn>
 [[gnu::always_inline]] inline decltype(auto) withRendu(int rendu, Fn&& fn) {
 #define VZ_RENDU_CASE(R) \
-    case R:              \
-        return fn(std::integral_constant<int, R>{});
+    case R: return fn(std::integral_constant<int, R>{});
     switch (clampRendu(rendu)) {
-        VZ_RENDU_CASE(0) VZ_RENDU_CASE(1) VZ_RENDU_CASE(2) VZ_RENDU_CASE(3) VZ_RENDU_CASE(4) VZ_RENDU_CASE(5)
-        VZ_RENDU_CASE(6) VZ_RENDU_CASE(7) VZ_RENDU_CASE(8) VZ_RENDU_CASE(9) VZ_RENDU_CASE(10) VZ_RENDU_CASE(11)
-        VZ_RENDU_CASE(12) VZ_RENDU_CASE(13) VZ_RENDU_CASE(14) VZ_RENDU_CASE(15) VZ_RENDU_CASE(16)
-        VZ_RENDU_CASE(17) VZ_RENDU_CASE(18) VZ_RENDU_CASE(19) VZ_RENDU_CASE(20) VZ_RENDU_CASE(21)
-        VZ_RENDU_CASE(22) VZ_RENDU_CASE(23) VZ_RENDU_CASE(24) VZ_RENDU_CASE(25) VZ_RENDU_CASE(26)
-        VZ_RENDU_CASE(27) VZ_RENDU_CASE(28) VZ_RENDU_CASE(29) VZ_RENDU_CASE(30) VZ_RENDU_CASE(31)
-        VZ_RENDU_CASE(33) VZ_RENDU_CASE(34) VZ_RENDU_CASE(35)
-        default:
-            return fn(std::integral_constant<int, renduNormal>{});
+        VZ_RENDU_CASE(0)
+        VZ_RENDU_CASE(1) VZ_RENDU_CASE(2) VZ_RENDU_CASE(3) VZ_RENDU_CASE(4) VZ_RENDU_CASE(5) VZ_RENDU_CASE(6)
+            VZ_RENDU_CASE(7) VZ_RENDU_CASE(8) VZ_RENDU_CASE(9) VZ_RENDU_CASE(10) VZ_RENDU_CASE(11) VZ_RENDU_CASE(12)
+                VZ_RENDU_CASE(13) VZ_RENDU_CASE(14) VZ_RENDU_CASE(15) VZ_RENDU_CASE(16) VZ_RENDU_CASE(17)
+                    VZ_RENDU_CASE(18) VZ_RENDU_CASE(19) VZ_RENDU_CASE(20) VZ_RENDU_CASE(21) VZ_RENDU_CASE(22)
+                        VZ_RENDU_CASE(23) VZ_RENDU_CASE(24) VZ_RENDU_CASE(25) VZ_RENDU_CASE(26) VZ_RENDU_CASE(27)
+                            VZ_RENDU_CASE(28) VZ_RENDU_CASE(29) VZ_RENDU_CASE(30) VZ_RENDU_CASE(31) VZ_RENDU_CASE(33)
+                                VZ_RENDU_CASE(34) VZ_RENDU_CASE(35) default
+            : return fn(std::integral_constant<int, renduNormal>{});
     }
 #undef VZ_RENDU_CASE
 }

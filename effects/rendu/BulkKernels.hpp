@@ -61,7 +61,8 @@ inline void copyRunSourceAlpha(std::uint32_t* dst, const std::uint32_t* src, std
 inline void addRunPremultiplied(std::uint32_t* dst, const std::uint32_t* src, std::size_t n) {
     activeKernels().addPremultiplied(dst, src, n);
 }
-inline void copyRunPalette(std::uint32_t* dst, const std::uint8_t* indices, const std::uint32_t* palette, std::size_t n) {
+inline void copyRunPalette(std::uint32_t* dst, const std::uint8_t* indices, const std::uint32_t* palette,
+                           std::size_t n) {
     activeKernels().copyPalette(dst, indices, palette, n);
 }
 

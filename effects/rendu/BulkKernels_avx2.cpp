@@ -20,10 +20,10 @@ struct Avx2Word {
     void store(std::uint32_t* p) const { _mm256_storeu_si256(reinterpret_cast<__m256i*>(p), v); }
     // Eight plain loads: measured faster than the gather instruction here.
     static Avx2Word lookup(const std::uint32_t* palette, const std::uint8_t* i) {
-        return Avx2Word(_mm256_setr_epi32(
-            static_cast<int>(palette[i[0]]), static_cast<int>(palette[i[1]]), static_cast<int>(palette[i[2]]),
-            static_cast<int>(palette[i[3]]), static_cast<int>(palette[i[4]]), static_cast<int>(palette[i[5]]),
-            static_cast<int>(palette[i[6]]), static_cast<int>(palette[i[7]])));
+        return Avx2Word(_mm256_setr_epi32(static_cast<int>(palette[i[0]]), static_cast<int>(palette[i[1]]),
+                                          static_cast<int>(palette[i[2]]), static_cast<int>(palette[i[3]]),
+                                          static_cast<int>(palette[i[4]]), static_cast<int>(palette[i[5]]),
+                                          static_cast<int>(palette[i[6]]), static_cast<int>(palette[i[7]])));
     }
 
     friend Avx2Word operator&(Avx2Word a, Avx2Word b) { return Avx2Word(_mm256_and_si256(a.v, b.v)); }

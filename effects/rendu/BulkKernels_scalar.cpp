@@ -35,20 +35,16 @@ uint32_t blendByAlpha(uint32_t alpha, uint32_t s, uint32_t d) {
 
 void copy(uint32_t* dst, const uint32_t* src, size_t n, int rendu) {
     switch (clampRendu(rendu)) {
-        case renduNormal:
-            for (size_t i = 0; i < n; ++i) dst[i] = src[i];
-            return;
-        case renduAdd:
-        case renduAddNoSat:
-            bytewise<addSaturated>(dst, src, n);
-            return;
-        case renduSub:
-            bytewise<subSaturated>(dst, src, n);
-            return;
-        default:
-            withRendu(rendu, [&](auto r) {
-                for (size_t i = 0; i < n; ++i) dst[i] = blend::op<decltype(r)::value>(src[i], dst[i]);
-            });
+    case renduNormal:
+        for (size_t i = 0; i < n; ++i) dst[i] = src[i];
+        return;
+    case renduAdd:
+    case renduAddNoSat: bytewise<addSaturated>(dst, src, n); return;
+    case renduSub: bytewise<subSaturated>(dst, src, n); return;
+    default:
+        withRendu(rendu, [&](auto r) {
+            for (size_t i = 0; i < n; ++i) dst[i] = blend::op<decltype(r)::value>(src[i], dst[i]);
+        });
     }
 }
 

@@ -27,8 +27,8 @@ Span copySpan(const Layer& layer, int w, int h) {
 // Calls copyRow(dstOffset, srcOffset, count) for the part of every row whose source
 // lies inside the source's memory of sourcePixels pixels.
 template <class CopyRow>
-void forEachCopyRow(const Layer& layer, std::int64_t sourcePixels, std::int64_t sourceStride, int sx, int sy,
-                    int w, int h, CopyRow copyRow) {
+void forEachCopyRow(const Layer& layer, std::int64_t sourcePixels, std::int64_t sourceStride, int sx, int sy, int w,
+                    int h, CopyRow copyRow) {
     const Span span = copySpan(layer, w, h);
     for (int row = 0; row < span.h; ++row) {
         const std::int64_t dst = static_cast<std::int64_t>(layer.posY + row) * layer.width + layer.posX;

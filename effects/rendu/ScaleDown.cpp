@@ -10,8 +10,8 @@ namespace {
 // Calls block(out, top, bottom, x) for every target pixel, top and bottom being the two
 // source rows of its block and x its column.
 template <class Pixel, class Block>
-void forEachBlock(Pixel* target, std::int64_t targetPixels, const Pixel* source, int sourceWidth,
-                  int sourceHeight, Block block) {
+void forEachBlock(Pixel* target, std::int64_t targetPixels, const Pixel* source, int sourceWidth, int sourceHeight,
+                  Block block) {
     const int w = sourceWidth / 2;
     if (w == 0) return;
     const int h = static_cast<int>(std::min<std::int64_t>(sourceHeight / 2, targetPixels / w));

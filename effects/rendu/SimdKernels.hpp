@@ -65,22 +65,17 @@ inline void mapFill(std::uint32_t* dst, V colour, std::size_t n, Op op) {
 template <class V>
 void simdCopy(std::uint32_t* dst, const std::uint32_t* src, std::size_t n, int rendu) {
     switch (clampRendu(rendu)) {
-        case renduOff:
-            return;
-        case renduNormal:
-            if (n != 0 && dst != src) std::memmove(dst, src, n * sizeof(std::uint32_t));
-            return;
-        case renduAdd:
-        case renduAddNoSat:
-            mapRun<V>(dst, src, n, [](V s, V d) { return addSat(d, s); });
-            return;
-        case renduSub:
-            mapRun<V>(dst, src, n, [](V s, V d) { return subSat(d, s); });
-            return;
-        default:
-            withRendu(rendu, [&](auto r) {
-                mapRun<V>(dst, src, n, [](V s, V d) { return blend::op<decltype(r)::value>(s, d); });
-            });
+    case renduOff: return;
+    case renduNormal:
+        if (n != 0 && dst != src) std::memmove(dst, src, n * sizeof(std::uint32_t));
+        return;
+    case renduAdd:
+    case renduAddNoSat: mapRun<V>(dst, src, n, [](V s, V d) { return addSat(d, s); }); return;
+    case renduSub: mapRun<V>(dst, src, n, [](V s, V d) { return subSat(d, s); }); return;
+    default:
+        withRendu(rendu, [&](auto r) {
+            mapRun<V>(dst, src, n, [](V s, V d) { return blend::op<decltype(r)::value>(s, d); });
+        });
     }
 }
 

@@ -25,7 +25,7 @@ namespace {
 // A picture turned by `angle` and scaled by `scale`: the inverse map from box pixels to
 // picture positions, in 16.16.
 struct RotatedSprite {
-    Sprite box;  // the bounding box on the target, scale 1
+    Sprite box;                   // the bounding box on the target, scale 1
     std::int64_t startU, startV;  // picture position of box pixel (0, 0)
     std::int64_t uPerX, vPerX, uPerY, vPerY;
 };

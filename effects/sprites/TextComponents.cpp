@@ -68,8 +68,8 @@ private:
 // (normalised units), so a wave runs along the line.
 class PutStringCool32bpp : public Component {
 public:
-    static constexpr float wobbleRate = 4.0f;   // radians per second
-    static constexpr float glyphPhase = 0.6f;   // radians between neighbouring glyphs
+    static constexpr float wobbleRate = 4.0f;  // radians per second
+    static constexpr float glyphPhase = 0.6f;  // radians between neighbouring glyphs
 
     PutStringCool32bpp(Sequencer&, TextParser& parser)
         : target_(repository().aquireAs<Layer32bpp>(parser)),

@@ -41,8 +41,7 @@ public:
         const float progress = transitionProgress(t);
         const int w = target_.width, h = target_.height;
         for (int y = 0; y < h; ++y) {
-            const float done =
-                progress >= 1.0f ? 1.0f : std::clamp(progress * (1.0f + a) - a * y / h, 0.0f, 1.0f);
+            const float done = progress >= 1.0f ? 1.0f : std::clamp(progress * (1.0f + a) - a * y / h, 0.0f, 1.0f);
             const int shift = static_cast<int>((1.0f - done) * static_cast<float>(w));
             copyRowSlid(target_.row(y), source_.row(y), w, shift);
         }

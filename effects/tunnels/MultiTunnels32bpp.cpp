@@ -6,8 +6,8 @@
 #include <numbers>
 #include <string>
 
-#include "effects/tunnels/TunnelMapping.hpp"
 #include "effects/tunnels/TunnelChecks.hpp"
+#include "effects/tunnels/TunnelMapping.hpp"
 #include "effects/tunnels/TunnelTables.hpp"
 #include "script/Component.hpp"
 #include "script/Keytrack.hpp"
@@ -57,8 +57,8 @@ public:
         const int w = target_.width, h = target_.height;
         source_ = std::make_unique<Layer32bpp>(2 * w, 2 * h);
         combined_ = std::make_unique<Layer32bpp>(w, h);
-        generateTunnelTable({source_->pixels, 2 * w, 2 * h, 2 * w}, static_cast<float>(w), static_cast<float>(h),
-                            1.0f, 4096.0f, 4.0f);
+        generateTunnelTable({source_->pixels, 2 * w, 2 * h, 2 * w}, static_cast<float>(w), static_cast<float>(h), 1.0f,
+                            4096.0f, 4.0f);
     }
 
     void run(float t) override {

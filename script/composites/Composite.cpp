@@ -6,8 +6,7 @@
 
 namespace vz {
 
-Composite::Composite(Sequencer& sequencer, TextParser& parser)
-    : nested_(parser.getTokenCopy(), sequencer) {}
+Composite::Composite(Sequencer& sequencer, TextParser& parser) : nested_(parser.getTokenCopy(), sequencer) {}
 
 void Composite::run(float localTime) { nested_.run(localTime); }
 

@@ -5,8 +5,7 @@
 namespace vz {
 
 Surface::Surface(int width, int height, const Format&)
-    : width_(width), height_(height),
-      pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0u) {}
+    : width_(width), height_(height), pixels_(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0u) {}
 
 std::uint32_t* Surface::lock() { return pixels_.data(); }
 

@@ -15,7 +15,7 @@ public:
     void stop();
     void set(double seconds);  // the time the timer reads from here on (frames: reset to n = 0)
     void start();
-    double time() const;       // seconds
+    double time() const;  // seconds
 
     // Switches to frame-driven time at `fps` frames per second (headless runs).
     void driveByFrames(double fps);
@@ -27,10 +27,10 @@ public:
 private:
     using Clock = std::chrono::steady_clock;
     bool running_ = false;
-    double base_ = 0.0;            // reading at the last set/start
+    double base_ = 0.0;  // reading at the last set/start
     Clock::time_point startedAt_{};
-    double fps_ = 0.0;             // > 0: frame-driven
-    std::int64_t frames_ = 0;      // frames since the last set
+    double fps_ = 0.0;         // > 0: frame-driven
+    std::int64_t frames_ = 0;  // frames since the last set
 };
 
 }  // namespace vz

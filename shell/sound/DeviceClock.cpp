@@ -7,8 +7,8 @@ namespace vz {
 DeviceClock::DeviceClock(int rate, int queuedFrames) : rate_(rate), queued_(queuedFrames) {}
 
 void DeviceClock::handOver(std::int64_t frames, Clock::time_point when) {
-    const std::int64_t before = handedBefore_.load(std::memory_order_relaxed) +
-                                blockFrames_.load(std::memory_order_relaxed);
+    const std::int64_t before =
+        handedBefore_.load(std::memory_order_relaxed) + blockFrames_.load(std::memory_order_relaxed);
     sequence_.fetch_add(1, std::memory_order_acq_rel);
     handedBefore_.store(before, std::memory_order_relaxed);
     blockFrames_.store(frames, std::memory_order_relaxed);

@@ -24,9 +24,7 @@ protected:
 // The master volume 0-255 scales the amplitude linearly: volume v is a gain of v / 255,
 // given to libopenmpt in millibels (2000 × log10(v / 255); 255 is 0 mB, 1 is about
 // -4813 mB). Volume 0 cannot be expressed in millibels, so it is rendered as silence.
-int volumeToMillibel(int volume) {
-    return static_cast<int>(std::lround(2000.0 * std::log10(volume / 255.0)));
-}
+int volumeToMillibel(int volume) { return static_cast<int>(std::lround(2000.0 * std::log10(volume / 255.0))); }
 
 class ModuleDecoder : public MusicDecoder {
 public:
@@ -48,9 +46,7 @@ public:
         return done;
     }
 
-    void setVolume(int volume) override {
-        wantedVolume_.store(std::clamp(volume, 0, 255), std::memory_order_relaxed);
-    }
+    void setVolume(int volume) override { wantedVolume_.store(std::clamp(volume, 0, 255), std::memory_order_relaxed); }
 
 private:
     std::unique_ptr<openmpt::module> module_;

@@ -124,8 +124,7 @@ SoundSystem::~SoundSystem() = default;
 void SoundSystem::initialise(bool nosound, AudioMode mode, double framesPerSecond) {
     close();
     State& s = *state_;
-    if (mode == AudioMode::lockStep && !(framesPerSecond > 0.0))
-        throw error("the frame rate must be positive");
+    if (mode == AudioMode::lockStep && !(framesPerSecond > 0.0)) throw error("the frame rate must be positive");
     s.nosound = nosound;
     s.mode = mode;
     s.framesPerSecond = framesPerSecond;
@@ -151,9 +150,8 @@ void SoundSystem::initialise(bool nosound, AudioMode mode, double framesPerSecon
 float SoundSystem::currentTime() {
     State& s = *state_;
     if (s.kind == MusicKind::none) return static_cast<float>(Timer::instance().time() + s.timeOffset);
-    const double heard = s.mode == AudioMode::lockStep
-                             ? static_cast<double>(s.musicFrames) / sampleRate
-                             : s.clock->position(DeviceClock::Clock::now());
+    const double heard = s.mode == AudioMode::lockStep ? static_cast<double>(s.musicFrames) / sampleRate
+                                                       : s.clock->position(DeviceClock::Clock::now());
     return static_cast<float>(s.musicStart + heard + s.timeOffset);
 }
 

@@ -76,9 +76,9 @@ public:
     // What the device thread has done so far (device mode), for measurements.
     struct DeviceStatistics {
         bool deviceOpen = false;
-        int bufferFrames = 0;          // frames per device block
-        double secondsHandedOver = 0;  // music and silence given to the device
-        double callbackCpuSeconds = 0; // CPU time spent in the fill function
+        int bufferFrames = 0;           // frames per device block
+        double secondsHandedOver = 0;   // music and silence given to the device
+        double callbackCpuSeconds = 0;  // CPU time spent in the fill function
     };
     DeviceStatistics deviceStatistics() const;
 

@@ -41,8 +41,7 @@ public:
             return fail(mpg123_strerror(handle_), why);
         long rate = 0;
         int channels = 0, encoding = 0;
-        if (mpg123_getformat(handle_, &rate, &channels, &encoding) != MPG123_OK)
-            return fail("not an MP3 stream", why);
+        if (mpg123_getformat(handle_, &rate, &channels, &encoding) != MPG123_OK) return fail("not an MP3 stream", why);
         // A full scan makes seeking exact (the bytes are in memory, so it is cheap).
         mpg123_scan(handle_);
         if (startMs > 0) {
@@ -81,8 +80,9 @@ private:
 
     static off_t seekBytes(void* self, off_t offset, int whence) {
         auto& s = *static_cast<StreamDecoder*>(self);
-        off_t base = whence == SEEK_SET ? 0 : whence == SEEK_CUR ? static_cast<off_t>(s.position_)
-                                                                  : static_cast<off_t>(s.bytes_.size());
+        off_t base = whence == SEEK_SET   ? 0
+                     : whence == SEEK_CUR ? static_cast<off_t>(s.position_)
+                                          : static_cast<off_t>(s.bytes_.size());
         off_t target = base + offset;
         if (target < 0 || target > static_cast<off_t>(s.bytes_.size())) return -1;
         s.position_ = static_cast<std::size_t>(target);

@@ -49,7 +49,8 @@ TEST(GifLoader, LayerHasTheScreenSizeAndTheImageIsWrittenRowAfterRow) {
     ScratchDir dir;
     writeBytes("small.gif", makeGif(2, 2, {1, 2, 3, 4}, greyTable(8), {.screenWidth = 4, .screenHeight = 3}));
     EXPECT_EQ(load8("small.gif"), (Bytes{1, 2, 3, 4, 0, 0, 0, 0, 0, 0, 0, 0}));
-    writeBytes("big.gif", makeGif(3, 3, {1, 2, 3, 4, 5, 6, 7, 1, 2}, greyTable(8), {.screenWidth = 2, .screenHeight = 2}));
+    writeBytes("big.gif",
+               makeGif(3, 3, {1, 2, 3, 4, 5, 6, 7, 1, 2}, greyTable(8), {.screenWidth = 2, .screenHeight = 2}));
     EXPECT_EQ(load8("big.gif"), (Bytes{1, 2, 3, 4}));
     // The code stream ends after three of the four pixels: the last one is 0.
     writeBytes("short.gif", makeGif(2, 2, {5, 6, 7}, greyTable(8)));

@@ -29,8 +29,10 @@ TEST(ImageLoader, NamesAnEntryPointDoesNotServe) {
         {asLayer32, "ImageLoader::LoadLayer32bpp : unknow file extention", "", {}},
         {asLayer8, "ImageLoader::LoadLayer8bpp : unknow file extention", "", {"pic.bmp", "pic.jpg"}},
         {asPalette, "ImageLoader::LoadPalette : unknow file extention", "", {"pic.bmp", "pic.jpg"}},
-        {asLayerRle, "ImageLoader::LoadLayerRle : we support only pcx files!",
-         "ImageLoader::LoadLayeRle : we support only pcx files!", {"pic.gif", "pic.bmp", "pic.jpg"}},
+        {asLayerRle,
+         "ImageLoader::LoadLayerRle : we support only pcx files!",
+         "ImageLoader::LoadLayeRle : we support only pcx files!",
+         {"pic.gif", "pic.bmp", "pic.jpg"}},
     };
     for (const auto& entry : entryPoints) {
         std::vector<std::string> names = {"logo.PCX", "scene.v2.pcx", "noext"};

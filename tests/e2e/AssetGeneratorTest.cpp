@@ -40,7 +40,9 @@ std::vector<std::string> fileNames(const fs::path& dir) {
     return names;
 }
 
-unsigned le16(const std::string& bytes, size_t at) { return uint8_t(bytes[at]) | unsigned(uint8_t(bytes[at + 1])) << 8; }
+unsigned le16(const std::string& bytes, size_t at) {
+    return uint8_t(bytes[at]) | unsigned(uint8_t(bytes[at + 1])) << 8;
+}
 
 // Width and height from the picture's header, by its extension.
 std::pair<unsigned, unsigned> pictureSize(const std::string& name, const std::string& bytes) {
@@ -128,10 +130,9 @@ TEST_F(AssetGenerator, BandOptionResizesTheBandSizedPicturesOnly) {
     const fs::path wide = dir_->path() / "wide";
     runGenerator(wide, "--band 1920x900");
     const std::set<std::string> bandSized = {
-        "tunnel_a.pcx",       "tunnel_b.pcx",        "tunnel2_a.pcx",       "tunnel2_b.pcx",
-        "light_tunnel.pcx",   "light_spot.pcx",      "pattern_radial.pcx",  "pattern_diagonal.pcx",
-        "pattern_noise.gif",  "alpha_vignette.pcx",  "alpha_bands.pcx",     "spiral.pcx",
-        "plasma.pcx",         "back.jpg",            "rings.bmp"};
+        "tunnel_a.pcx",    "tunnel_b.pcx",       "tunnel2_a.pcx",        "tunnel2_b.pcx",     "light_tunnel.pcx",
+        "light_spot.pcx",  "pattern_radial.pcx", "pattern_diagonal.pcx", "pattern_noise.gif", "alpha_vignette.pcx",
+        "alpha_bands.pcx", "spiral.pcx",         "plasma.pcx",           "back.jpg",          "rings.bmp"};
     ASSERT_EQ(fileNames(wide), fileNames(first()));
     for (const std::string& name : fileNames(first())) {
         SCOPED_TRACE(name);

@@ -40,9 +40,9 @@ TEST(PlayerRun, LogOfAShortShow) {
     EXPECT_EQ(run.standardError, "");
     LogParts log = splitLog(maskedLogLines("logfile.txt"));
     EXPECT_EQ(log.head, (std::vector<std::string>{"Opening log on DATE", dashes, "Hardware resolution : 64 * 48",
-                                                   "Window height : 40", "Repository::add screen", "", ""}));
+                                                  "Window height : 40", "Repository::add screen", "", ""}));
     EXPECT_EQ(log.tail, (std::vector<std::string>{"", "", "", "Interpretation of main.txt : ", "", "",
-                                                   "Closing log at DATE", dashes}));
+                                                  "Closing log at DATE", dashes}));
 }
 
 TEST(PlayerRun, AMissingScriptIsLoggedAsAnExceptionAndFailsHeadless) {
@@ -139,8 +139,8 @@ TEST(PlayerRun, UntilEndsAfterTheFirstFrameAtThatTime) {
     writeFile("config.txt", config);
     writeFile("main.txt", "");
     fs::create_directory("frames");
-    RunResult run = runPlayer({"--headless", "--fps", "10", "--until", "0.3", "--dump-frames", "frames"},
-                              dir.path().string());
+    RunResult run =
+        runPlayer({"--headless", "--fps", "10", "--until", "0.3", "--dump-frames", "frames"}, dir.path().string());
     EXPECT_EQ(run.status, 0);
     // Frames at 0, 0.1, 0.2 and 0.3 s.
     EXPECT_TRUE(fs::exists("frames/frame-000003.png"));

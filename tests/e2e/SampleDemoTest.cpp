@@ -79,13 +79,16 @@ WavSummary readWav(const std::string& path) {
     std::string data = readFile(path);
     WavSummary w;
     if (data.size() < 44 || data.compare(0, 4, "RIFF") != 0 || data.compare(8, 4, "WAVE") != 0) return w;
-    auto u16 = [&](std::size_t at) { return static_cast<std::uint16_t>(std::uint8_t(data[at]) | (std::uint8_t(data[at + 1]) << 8)); };
+    auto u16 = [&](std::size_t at) {
+        return static_cast<std::uint16_t>(std::uint8_t(data[at]) | (std::uint8_t(data[at + 1]) << 8));
+    };
     auto u32 = [&](std::size_t at) { return std::uint32_t(u16(at)) | (std::uint32_t(u16(at + 2)) << 16); };
     w.channels = u16(22);
     w.sampleRate = u32(24);
     w.bits = u16(34);
     std::uint32_t bytes = u32(40);
-    for (std::size_t i = 0; i + 1 < bytes && 44 + i + 1 < data.size(); i += 2) w.samples.push_back(static_cast<std::int16_t>(u16(44 + i)));
+    for (std::size_t i = 0; i + 1 < bytes && 44 + i + 1 < data.size(); i += 2)
+        w.samples.push_back(static_cast<std::int16_t>(u16(44 + i)));
     return w;
 }
 

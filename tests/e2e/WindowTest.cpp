@@ -1,7 +1,7 @@
 // A real window under a virtual X server: the player opens, shows the band layout, and
 // Escape sent to the window ends it with the closing log lines.
-#include <gtest/gtest.h>
 #include <fcntl.h>
+#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -64,7 +64,8 @@ Picture readXwd(const std::string& path) {
     for (int y = 0; y < p.height; ++y) {
         for (int x = 0; x < p.width; ++x) {
             std::size_t at = start + std::size_t(y) * bytesPerLine + std::size_t(x) * 4;
-            std::uint32_t v = byteOrder == 0 ? (std::uint32_t(std::uint8_t(data[at])) | (std::uint32_t(std::uint8_t(data[at + 1])) << 8) |
+            std::uint32_t v = byteOrder == 0 ? (std::uint32_t(std::uint8_t(data[at])) |
+                                                (std::uint32_t(std::uint8_t(data[at + 1])) << 8) |
                                                 (std::uint32_t(std::uint8_t(data[at + 2])) << 16))
                                              : be32(data, at) & 0xFFFFFF;
             p.pixels.push_back(v & 0xFFFFFF);
@@ -77,11 +78,13 @@ class XServer {
 public:
     XServer() {
         for (int n = 90; n < 110 && pid_ < 0; ++n) {
-            if (fs::exists("/tmp/.X11-unix/X" + std::to_string(n)) || fs::exists("/tmp/.X" + std::to_string(n) + "-lock"))
+            if (fs::exists("/tmp/.X11-unix/X" + std::to_string(n)) ||
+                fs::exists("/tmp/.X" + std::to_string(n) + "-lock"))
                 continue;
             display_.assign(1, ':');
             display_ += std::to_string(n);
-            pid_ = startProcess({"Xvfb", display_, "-screen", "0", "800x600x24", "-nolisten", "tcp"}, ".", {}, "/dev/null");
+            pid_ = startProcess({"Xvfb", display_, "-screen", "0", "800x600x24", "-nolisten", "tcp"}, ".", {},
+                                "/dev/null");
             for (int i = 0; i < 100 && !fs::exists("/tmp/.X11-unix/X" + std::to_string(n)); ++i)
                 std::this_thread::sleep_for(50ms);
         }
@@ -107,7 +110,8 @@ TEST(Window, ShowsTheBandAndEndsOnEscape) {
     ASSERT_TRUE(x.running());
     // A 320 x 240 display whose band is the 200 rows from row 20, filled with one colour.
     writeFile("config.txt", "320\r\n240\r\n200\r\n20\r\n8\r\n2\r\nNOSOUND\r\n");
-    writeFile("main.txt", "add orange Color 0 0 128 255\r\nfillColor32bpp screen orange constInt 32\r\n0 1000 0 1 0\r\n");
+    writeFile("main.txt",
+              "add orange Color 0 0 128 255\r\nfillColor32bpp screen orange constInt 32\r\n0 1000 0 1 0\r\n");
     // The X and D-Bus client libraries behind the window keep a few allocations to the
     // end of the process; leak checking of the player is left to the headless tests.
     const std::vector<std::string> environment{"DISPLAY=" + x.display(), "SDL_AUDIODRIVER=dummy",

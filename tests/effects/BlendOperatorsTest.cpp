@@ -11,12 +11,10 @@ constexpr std::uint32_t black = 0x000000;
 std::uint32_t grey(std::uint32_t v) { return v * 0x010101u; }
 
 // Every level worked out by hand from its mask-and-shift form, per channel.
-constexpr int whiteOverBlack[32] = {0,   7,   15,  22,  31,  38,  46,  56,  63,  70,  78,
-                                    89,  94,  106, 112, 120, 127, 134, 142, 148, 158, 166,
-                                    176, 185, 189, 199, 208, 217, 224, 233, 240, 248};
-constexpr int blackOverWhite[32] = {255, 248, 240, 233, 224, 217, 209, 199, 189, 185, 177,
-                                    166, 158, 148, 142, 134, 127, 120, 112, 106, 94,  89,
-                                    78,  70,  63,  56,  46,  38,  31,  22,  15,  7};
+constexpr int whiteOverBlack[32] = {0,   7,   15,  22,  31,  38,  46,  56,  63,  70,  78,  89,  94,  106, 112, 120,
+                                    127, 134, 142, 148, 158, 166, 176, 185, 189, 199, 208, 217, 224, 233, 240, 248};
+constexpr int blackOverWhite[32] = {255, 248, 240, 233, 224, 217, 209, 199, 189, 185, 177, 166, 158, 148, 142, 134,
+                                    127, 120, 112, 106, 94,  89,  78,  70,  63,  56,  46,  38,  31,  22,  15,  7};
 
 TEST(BlendOperators, EveryLevelOfWhiteAndBlackAndItsAlphaByte) {
     const std::uint32_t s = 0xA0FFFFFF, d = 0x50000000;
@@ -62,7 +60,8 @@ TEST(BlendOperators, OutOfRangeRenduIsNormalAndAlphaMapsSaturateToNormal) {
     for (int r : {-1, 36, 256, 1000}) EXPECT_EQ(blendPixel(r, 0x12345678, 0x9ABCDEF0), 0x12345678u);
     EXPECT_EQ(blendPixel(renduOff, 0x12345678, 0x9ABCDEF0), 0x9ABCDEF0u);
     for (int a = 0; a < 256; ++a)
-        EXPECT_EQ(alphaMapTable[a](0x12345678, 0x9ABCDEF0), operatorTable[a < 32 ? a : renduNormal](0x12345678, 0x9ABCDEF0))
+        EXPECT_EQ(alphaMapTable[a](0x12345678, 0x9ABCDEF0),
+                  operatorTable[a < 32 ? a : renduNormal](0x12345678, 0x9ABCDEF0))
             << a;
 }
 

@@ -37,7 +37,8 @@ TEST_F(Filter, BoxBlurRadiusOneMeansTheLeftNeighbourAndSpansWrapAroundTheRow) {
     EXPECT_EQ(blur("hBlurFilter32bpp", 4, 1, 1), (Pixels{grey(25), grey(100), grey(150), grey(75)}));
     source(8, 1, {grey(255), grey(255), 0, 0, 0, 0, 0, 0});
     // Spans x-2 .. x+1: the white left end reaches the right end's last pixel.
-    EXPECT_EQ(blur("hBlurFilter32bpp", 8, 1, 2), (Pixels{grey(127), grey(127), grey(127), grey(63), 0, 0, 0, grey(63)}));
+    EXPECT_EQ(blur("hBlurFilter32bpp", 8, 1, 2),
+              (Pixels{grey(127), grey(127), grey(127), grey(63), 0, 0, 0, grey(63)}));
     // The vertical form walks columns; the second is the first's mirror, so rows cannot be
     // mistaken for columns.
     source(2, 4, {grey(0), grey(50), grey(200), grey(100), grey(100), grey(200), grey(50), grey(0)});
@@ -129,7 +130,8 @@ TEST_F(Filter, ZoomScalesTheScreenAboutItsCentreThroughTheRendu) {
     for (int y = 0; y < 8; ++y)
         for (int x = 0; x < 8; ++x) {
             ASSERT_EQ(screen.row(y)[x], static_cast<std::uint32_t>((2 + y / 2) << 8 | (2 + x / 2))) << x << "," << y;
-            const std::uint32_t old = before[y * 8 + x], shown = static_cast<std::uint32_t>(2 * (y - 2) << 8 | 2 * (x - 2));
+            const std::uint32_t old = before[y * 8 + x],
+                                shown = static_cast<std::uint32_t>(2 * (y - 2) << 8 | 2 * (x - 2));
             const bool inside = x >= 2 && x < 6 && y >= 2 && y < 6;
             ASSERT_EQ(half.row(y)[x], inside ? blendPixel(renduSub, shown, old) : old) << x << "," << y;
         }
@@ -143,7 +145,8 @@ TEST_F(Filter, ZoomBlurAtScaleOneBlursInsideAndKeepsTheBorder) {
     for (int y = 0; y < 6; ++y)
         for (int x = 0; x < 6; ++x) {
             const bool inner = x > 0 && x < 5 && y > 0 && y < 5, nextToWhite = std::abs(x - 2) + std::abs(y - 2) == 1;
-            ASSERT_EQ(screen.row(y)[x], inner ? grey(nextToWhite ? (0x20 * 3 + 0xFC) >> 2 : 0x20) : 0x00202020u) << x << "," << y;
+            ASSERT_EQ(screen.row(y)[x], inner ? grey(nextToWhite ? (0x20 * 3 + 0xFC) >> 2 : 0x20) : 0x00202020u)
+                << x << "," << y;
         }
 }
 
@@ -238,7 +241,8 @@ TEST_F(Filter, AddCornersFillsOutsideQuarterCircles) {
     const int filled[10] = {3, 1, 1, 0, 0, 0, 0, 1, 1, 3};
     for (int y = 0; y < 10; ++y)
         for (int x = 0; x < 12; ++x)
-            ASSERT_EQ(screen.row(y)[x], x < filled[y] || x >= 12 - filled[y] ? 0x123456u : 0x00FFFFFFu) << x << "," << y;
+            ASSERT_EQ(screen.row(y)[x], x < filled[y] || x >= 12 - filled[y] ? 0x123456u : 0x00FFFFFFu)
+                << x << "," << y;
 }
 
 TEST_F(Filter, ScaleDownQuadShowsTheHalvedScreenFourTimes) {

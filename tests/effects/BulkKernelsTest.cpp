@@ -54,7 +54,8 @@ void expectSameAsScalar(Call call) {
                 for (const BulkKernelSet* set : fastSets()) {
                     RandomRun run(runLength, seed);
                     call(*set, run, offset, n);
-                    ASSERT_EQ(run.dst, reference.dst) << set->name << " seed " << seed << " offset " << offset << " n " << n;
+                    ASSERT_EQ(run.dst, reference.dst)
+                        << set->name << " seed " << seed << " offset " << offset << " n " << n;
                 }
             }
         }
@@ -144,8 +145,9 @@ TEST_P(EveryKernelSet, AlphaRulesAtTheirThresholds) {
     set().copyAlphaMap(copied.data(), Pixels(n, 0x44FFFFFF).data(), alpha.data(), n);
     set().fillAlphaMap(filled.data(), 0x44FFFFFF, alpha.data(), n);
     for (std::size_t i = 0; i < n; ++i) {
-        const std::uint32_t expected =
-            alpha[i] == 0 ? 0x11000000 : alpha[i] >= 32 ? 0x44FFFFFF : blendPixel(alpha[i], 0x44FFFFFF, 0x11000000);
+        const std::uint32_t expected = alpha[i] == 0    ? 0x11000000
+                                       : alpha[i] >= 32 ? 0x44FFFFFF
+                                                        : blendPixel(alpha[i], 0x44FFFFFF, 0x11000000);
         EXPECT_EQ(copied[i], expected) << i;
         EXPECT_EQ(filled[i], expected) << i;
     }

@@ -60,8 +60,8 @@ TEST(FillRect, ClipsOneShortOfTheRightAndBottomEdgesAndSkipsOutsidePositions) {
     // A row of the whole pixel count and a height of 2 (the fading layer's call).
     inside.posX = 0;
     fillRect(inside, 24, 2, 0x80, renduGlenz50);
-    EXPECT_EQ(Pixels(inside.pixels, inside.pixels + 18), (Pixels{0x40, 0x40, 0xBF, 0xBF, 0x40, 0, 0x40, 0x40, 0xBF,
-                                                                 0xBF, 0x40, 0, 0, 0, 0xFF, 0xFF, 0, 0}));
+    EXPECT_EQ(Pixels(inside.pixels, inside.pixels + 18),
+              (Pixels{0x40, 0x40, 0xBF, 0xBF, 0x40, 0, 0x40, 0x40, 0xBF, 0xBF, 0x40, 0, 0, 0, 0xFF, 0xFF, 0, 0}));
 
     Layer32bpp outside(4, 3);
     for (auto [x, y] : {std::pair{-1, 0}, std::pair{4, 0}, std::pair{0, -1}, std::pair{0, 3}}) {
@@ -106,7 +106,8 @@ TEST(CopyRect8, ClipsLikeTheColourCopy) {
     layer.posX = 1;
     layer.posY = 1;
     copyRect8(layer, source, 1, 1, 5, 5);
-    EXPECT_EQ(std::vector<std::uint8_t>(layer.pixels, layer.pixels + 9), (std::vector<std::uint8_t>{0, 0, 0, 0, 6, 7, 0, 10, 11}));
+    EXPECT_EQ(std::vector<std::uint8_t>(layer.pixels, layer.pixels + 9),
+              (std::vector<std::uint8_t>{0, 0, 0, 0, 6, 7, 0, 10, 11}));
     layer.posX = 3;
     copyRect8(layer, source, 0, 0, 1, 1);
     EXPECT_EQ(layer.pixels[5], 7);
@@ -117,7 +118,8 @@ TEST(ScaleDown, TargetStrideIsHalfTheSourceWidth) {
     for (int i = 0; i < 16; ++i) source.pixels[i] = static_cast<std::uint8_t>(i * 10);
     Layer8bpp target(1, 4);  // holds the 2 x 2 result as a 1 x 4 run
     scaleDown(target, source);
-    EXPECT_EQ(std::vector<std::uint8_t>(target.pixels, target.pixels + 4), (std::vector<std::uint8_t>{25, 45, 105, 125}));
+    EXPECT_EQ(std::vector<std::uint8_t>(target.pixels, target.pixels + 4),
+              (std::vector<std::uint8_t>{25, 45, 105, 125}));
     Layer8bpp small(1, 3);  // too short for the second row: it is left out
     scaleDown(small, source);
     EXPECT_EQ(std::vector<std::uint8_t>(small.pixels, small.pixels + 3), (std::vector<std::uint8_t>{25, 45, 0}));
@@ -152,8 +154,14 @@ TEST_F(LayersTest, OneLineFillsCopiesAndVideosOnAFreshTarget) {
         {"copyLayer32bpp target tile constInt 32", 4, 3, {1, 2, 3, 4, 5, 6, X, X, X, X, X, X}},
         {"copyLayer32bpp target tile constInt 33", 2, 2, {0xEEEEEF, 0xEEEEF0, 0xEEEEF1, 0xEEEEF2}},
         // Wrap-around scrolls (7 % 3 = 1) and leaves a band for negative offsets.
-        {"copyLayerWrapAround32bpp target tile constInt 7 constInt 1 constInt 32", 5, 2, {5, 6, 4, 5, 6, 2, 3, 1, 2, 3}},
-        {"copyLayerWrapAround32bpp target tile constInt -2 constInt 0 constInt 32", 5, 2, {X, X, 1, 2, 3, X, X, 4, 5, 6}},
+        {"copyLayerWrapAround32bpp target tile constInt 7 constInt 1 constInt 32",
+         5,
+         2,
+         {5, 6, 4, 5, 6, 2, 3, 1, 2, 3}},
+        {"copyLayerWrapAround32bpp target tile constInt -2 constInt 0 constInt 32",
+         5,
+         2,
+         {X, X, 1, 2, 3, X, X, 4, 5, 6}},
         // Videos: 4 % 3 = frame 1, -1 the last frame; a frame of 4 pixels cut to the target's 3.
         {"playVideo32bpp target film 3 constInt 4 constInt 32", 2, 2, {4, 5, 6, 7}},
         {"playVideo32bpp target film 3 constInt -1 constInt 32", 2, 2, {8, 9, 10, 11}},
@@ -174,8 +182,10 @@ TEST_F(LayersTest, BadParametersAreRefusedWhenTheLineIsRead) {
     addLayer8("image", 4, 4);
     addLayer32("small", 255, 256);
     const std::pair<const char*, const char*> cases[] = {
-        {"copyLayerRandomOffset32bpp target tile -1 0 1 constInt 32", "copyLayerRandomOffset32bpp : maxOffsetX -1 is not within 0 to 32768"},
-        {"copyLayerWrapAround32bpp tile tile constInt 0 constInt 0 constInt 32", "copyLayerWrapAround32bpp : the source must not be the target"},
+        {"copyLayerRandomOffset32bpp target tile -1 0 1 constInt 32",
+         "copyLayerRandomOffset32bpp : maxOffsetX -1 is not within 0 to 32768"},
+        {"copyLayerWrapAround32bpp tile tile constInt 0 constInt 0 constInt 32",
+         "copyLayerWrapAround32bpp : the source must not be the target"},
         {"playVideo32bpp target tile 0 constInt 0 constInt 32", "playVideo32bpp : numFrames must be at least 1, not 0"},
         {"combination32bpp target image image small", "combination32bpp : small is 255x256, a lut needs 65536 pixels"}};
     for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
@@ -201,7 +211,8 @@ TEST_F(LayersTest, FadeLayerGrowsFromTheTopRowsThenCoversTheLayer) {
     for (auto [t, lastRow] : {std::pair{0.5f, 16}, std::pair{1.0f, 32}}) {
         fade->run(t);
         for (int y = 0; y < 40; ++y)
-            ASSERT_EQ(Pixels(target.row(y), target.row(y) + 4), y <= lastRow ? (Pixels{0xFF, 0xFF, 0xFF, X}) : Pixels(4, X))
+            ASSERT_EQ(Pixels(target.row(y), target.row(y) + 4),
+                      y <= lastRow ? (Pixels{0xFF, 0xFF, 0xFF, X}) : Pixels(4, X))
                 << t << " " << y;
     }
     fade->run(1.01f);
@@ -240,12 +251,12 @@ TEST_F(LayersTest, RandomOffsetsChangeOncePerPeriodWithSeedsInCreationOrder) {
     Layer32bpp& first = addLayer32("first", 3, 2);
     Layer32bpp& second = addLayer32("second", 3, 2);
     numbered32("source", 100, 100);
-    auto tiles = make("copyLayerRandomOffset32bpp first source 1000 1000 1 constInt 32");  // seeds 3, 4
+    auto tiles = make("copyLayerRandomOffset32bpp first source 1000 1000 1 constInt 32");   // seeds 3, 4
     auto other = make("copyLayerRandomOffset32bpp second source 1000 1000 1 constInt 32");  // seeds 5, 6
     tiles->run(0.0f);
     other->run(0.0f);
     EXPECT_EQ(pixelsOf(first), (Pixels{6045, 6046, 6047, 6145, 6146, 6147}));  // offsets 45, 60
-    EXPECT_EQ(second.pixels[0], 9176u);                                          // offsets 76, 91
+    EXPECT_EQ(second.pixels[0], 9176u);                                        // offsets 76, 91
     tiles->run(0.99f);
     EXPECT_EQ(first.pixels[0], 6045u);
     tiles->run(1.0f);  // 502 and 669: far tiles, same source pixels as offsets 2 and 69
@@ -269,8 +280,8 @@ TEST_F(LayersTest, RandomTilesRepeatAndClipAtTheTarget) {
     palette.colors[1] = 0xB0;
     // Seeds 5 and 6 (the component above took 3 and 4) with amplitude 100: offsets 7 and 9.
     make("copyBitmapLayerRandomOffset32bpp target bitmap pal 100 100 1")->run(0);
-    EXPECT_EQ(pixelsOf(target), (Pixels{0xB0, 0xA0, 0xB0, 0xA0, 0xB0, 0xB0, 0xA0, 0xB0, 0xA0, 0xB0, 0xB0, 0xA0,
-                                         0xB0, 0xA0, 0xB0}));
+    EXPECT_EQ(pixelsOf(target),
+              (Pixels{0xB0, 0xA0, 0xB0, 0xA0, 0xB0, 0xB0, 0xA0, 0xB0, 0xA0, 0xB0, 0xB0, 0xA0, 0xB0, 0xA0, 0xB0}));
 }
 
 TEST_F(LayersTest, CropReadsOnIntoTheNextRowsAndResetsThePosition) {

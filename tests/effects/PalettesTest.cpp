@@ -67,7 +67,8 @@ TEST_F(PalettesTest, LutBuildersRefuseTablesTooSmall) {
     addLayer32("small", 16, 16);
     addPalette("pal");
     addColor("c", 0);
-    EXPECT_EQ(errorOf([&] { make("shadingLut small pal c c"); }), "shadingLut : small is 16x16, a lut needs 65536 pixels");
+    EXPECT_EQ(errorOf([&] { make("shadingLut small pal c c"); }),
+              "shadingLut : small is 16x16, a lut needs 65536 pixels");
 }
 
 TEST_F(PalettesTest, BlendsTruncateAndWrapOutsideZeroToOne) {
@@ -98,7 +99,8 @@ TEST_F(PalettesTest, RotatePaletteMapping) {
     EXPECT_EQ(target.colors, ramp("check").colors);
 
     make("rotatePalette target source constInt 257")->run(0);  // k = 1
-    EXPECT_EQ(std::vector<std::uint32_t>({target.colors[0], target.colors[1], target.colors[255]}), (std::vector<std::uint32_t>{1, 0, 254}));
+    EXPECT_EQ(std::vector<std::uint32_t>({target.colors[0], target.colors[1], target.colors[255]}),
+              (std::vector<std::uint32_t>{1, 0, 254}));
 
     make("rotatePalette target source constInt 200")->run(0);
     // Past source entry 255 back to the start at 56; from 200 on, entry i - 200.

@@ -63,12 +63,14 @@ TEST_F(Sprites, ClippedAtEachEdge) {
     const std::pair<const char*, std::string> cases[] = {
         {"-1 -1", "78..............|................|................|................"},  // left and top overhangs
         {"1 0", "................|..............12|..............56|................"},  // px = 14: cut to two columns
-        {"1.125 0", empty},                                                             // px = 15, the last column: strict
-        {"0 1", empty},                                                                 // py = 3, the last row
+        {"1.125 0", empty},  // px = 15, the last column: strict
+        {"0 1", empty},      // py = 3, the last row
         {"0 0.5", "................|................|......1234......|......5678......"},  // py = 2 reaches the bottom
-        {"-1.25 0", empty}};                                                            // px = -4 = -width
+        {"-1.25 0", empty}};                                                               // px = -4 = -width
     for (const auto& [at, shown] : cases)
-        EXPECT_EQ(drawn(screen, *make(std::string("spriteKeytrack32bpp screen pic constSprite ") + at + " 1 1 constInt 32")), shown)
+        EXPECT_EQ(
+            drawn(screen, *make(std::string("spriteKeytrack32bpp screen pic constSprite ") + at + " 1 1 constInt 32")),
+            shown)
             << at;
 }
 
@@ -77,17 +79,21 @@ TEST_F(Sprites, ScaledSpritesStepTheSourceAndCentreWithTheLastFramesScale) {
     addPicture("pic", 2, 2, {1, 2, 3, 4});
     addGrowingTrack("grow", 0, {0, 1, 10}, {1, 2, 2});
     auto sprite = make("spriteKeytrack32bpp screen pic grow constInt 32");
-    EXPECT_EQ(drawn(screen, *sprite, 0), "................|................|.......12.......|.......34.......|................|................");
+    EXPECT_EQ(drawn(screen, *sprite, 0),
+              "................|................|.......12.......|.......34.......|................|................");
     // Drawn at twice the size, but centred with the scale of the previous frame: px = 7.
-    EXPECT_EQ(drawn(screen, *sprite, 1), "................|................|.......1122.....|.......1122.....|.......3344.....|.......3344.....");
+    EXPECT_EQ(drawn(screen, *sprite, 1),
+              "................|................|.......1122.....|.......1122.....|.......3344.....|.......3344.....");
     // Now centred with 2: px = 6, py = 1.
-    EXPECT_EQ(drawn(screen, *sprite, 2), "................|......1122......|......1122......|......3344......|......3344......|................");
+    EXPECT_EQ(drawn(screen, *sprite, 2),
+              "................|......1122......|......1122......|......3344......|......3344......|................");
 
     // A scaled left overhang starts the source at 1 x stepX = half a pixel: px = floor(0 - 1) = -1.
     addGrowingTrack("left", -1, {0, 1, 10}, {1, 2, 2});
     auto edge = make("spriteKeytrack32bpp screen pic left constInt 32");
     edge->run(0);
-    EXPECT_EQ(drawn(screen, *edge, 1), "................|................|122.............|122.............|344.............|344.............");
+    EXPECT_EQ(drawn(screen, *edge, 1),
+              "................|................|122.............|122.............|344.............|344.............");
 
     // Shrunk: every other source pixel; px = floor(4 - 1) = 3, py = floor(1 - 0.5) = 0.
     Layer32bpp& small = addLayer32("small", 8, 2);
@@ -155,8 +161,8 @@ TEST_F(Sprites, RotatedSpriteTurnsClockwiseAndShrinksWithDepth) {
     Layer32bpp& screen = addLayer32("screen", 8, 8);
     addPicture("pic", 2, 1, {1, 2});
     const auto draw = [&](const std::string& position, const std::string& zoom, const std::string& angle) {
-        return drawn(screen, *make("spriteRotKeytrack32bpp screen pic constVector3 " + position + " constFloat " + zoom +
-                                   " constFloat " + angle + " constInt 32"));
+        return drawn(screen, *make("spriteRotKeytrack32bpp screen pic constVector3 " + position + " constFloat " +
+                                   zoom + " constFloat " + angle + " constInt 32"));
     };
     // Unturned at depth 0 (or zoom 2 one unit deep): exactly the plain sprite.
     const std::string flat = "........|........|........|...12...|........|........|........|........";

@@ -40,15 +40,16 @@ protected:
 
 TEST_F(PatternTransition, WhichPixelsTakeTheBufferFromStartToEnd) {
     buffer_.pixels[0] = 0xAB000000;  // from t = 1 the alpha byte is copied too
-    const std::string plain = "patternTransitionBool32bpp dst buf pat", add = "patternTransitionAdd32bpp dst buf pat pal 3",
+    const std::string plain = "patternTransitionBool32bpp dst buf pat",
+                      add = "patternTransitionAdd32bpp dst buf pat pal 3",
                       alpha = "patternTransitionAlpha32bpp dst buf pat";
     const std::tuple<std::string, float, const char*> cases[] = {
-        {plain, 0.0f, "BTTTTTTT"}, {plain, 0.5f, "BBBBBTTT"}, {plain, 0.999f, "BBBBBBBB"},
-        {plain, -0.5f, "BBBBBTTT"},   // level -128, byte 128
-        {plain, -0.01f, "BBBBBBBT"},  // level -2, byte 254
-        {add, -0.5f, "TTTTTTTT"}, {alpha, -0.5f, "TTTTTTTT"},
-        {alpha, 0.0f, "TTTTTTTT"},  // grey 0 has k = 32
-        {plain, 1.0f, "BBBBBBBB"}, {add, 1.0f, "BBBBBBBB"}, {alpha, 1.0f, "BBBBBBBB"}, {alpha, 7.5f, "BBBBBBBB"}};
+        {plain, 0.0f, "BTTTTTTT"},   {plain, 0.5f, "BBBBBTTT"},  {plain, 0.999f, "BBBBBBBB"},
+        {plain, -0.5f, "BBBBBTTT"},                                                          // level -128, byte 128
+        {plain, -0.01f, "BBBBBBBT"},                                                         // level -2, byte 254
+        {add, -0.5f, "TTTTTTTT"},    {alpha, -0.5f, "TTTTTTTT"}, {alpha, 0.0f, "TTTTTTTT"},  // grey 0 has k = 32
+        {plain, 1.0f, "BBBBBBBB"},   {add, 1.0f, "BBBBBBBB"},    {alpha, 1.0f, "BBBBBBBB"},
+        {alpha, 7.5f, "BBBBBBBB"}};
     for (const auto& [line, t, shown] : cases) EXPECT_EQ(show(line, t), shown) << line << " at " << t;
 }
 
@@ -71,8 +72,8 @@ TEST_F(PatternTransition, AlphaBlendsA32LevelFrontAndReadsNoWidth) {
     // The width on the line is not read, whatever it says.
     make("patternTransitionAlpha32bpp dst buf pat 7")->run(0.5f);  // level 128: front 96..128
     const Pixels& s = pixelsOf(buffer_);
-    EXPECT_EQ(pixelsOf(target_), (Pixels{s[0], s[1], blendPixel(28, s[2], 0x102), blendPixel(1, s[3], 0x103),
-                                          0x104, 0x105, 0x106, 0x107}));
+    EXPECT_EQ(pixelsOf(target_), (Pixels{s[0], s[1], blendPixel(28, s[2], 0x102), blendPixel(1, s[3], 0x103), 0x104,
+                                         0x105, 0x106, 0x107}));
     reset();
     make("patternTransitionAlpha32bpp dst buf pat")->run(0.999f);  // level 255: front 223..255
     EXPECT_EQ(pixelsOf(target_), (Pixels{s[0], s[1], s[2], s[3], s[4], s[5], blendPixel(1, s[6], 0x106), 0x107}));
@@ -83,8 +84,10 @@ TEST_F(PatternTransition, PatternAndBufferMustCoverTheTarget) {
     addLayer32("narrow", 3, 2);
     addLayer8("long", 8, 1);  // another shape but enough pixels: read with the target's row length
     const std::pair<const char*, const char*> cases[] = {
-        {"patternTransitionBool32bpp dst buf short", "patternTransitionBool32bpp : pattern holds 4 pixels, the target needs 8"},
-        {"patternTransitionAlpha32bpp dst narrow pat", "patternTransitionAlpha32bpp : buffer is 3x2, smaller than the target's 4x2"},
+        {"patternTransitionBool32bpp dst buf short",
+         "patternTransitionBool32bpp : pattern holds 4 pixels, the target needs 8"},
+        {"patternTransitionAlpha32bpp dst narrow pat",
+         "patternTransitionAlpha32bpp : buffer is 3x2, smaller than the target's 4x2"},
         {"patternTransitionBool32bpp dst buf long", "no error"}};
     for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
 }

@@ -39,7 +39,7 @@ TEST_F(Tunnels, FrameOffsetsFromSpeedAndRotation) {
     EXPECT_EQ(tunnelOffset(0, 0, 0), 0u);
     EXPECT_EQ(tunnelOffset(256, 0, 0.5f), 128u * 256);
     EXPECT_EQ(tunnelOffset(0, -300.7f, 1), 256u - 44);  // -300 AND 255
-    EXPECT_EQ(tunnelOffset(1e30f, 0, 1), 0u);          // huge products still give a byte
+    EXPECT_EQ(tunnelOffset(1e30f, 0, 1), 0u);           // huge products still give a byte
 }
 
 TEST_F(Tunnels, PlainTunnelMapsTheTableAndCarriesColumnsIntoRows) {
@@ -88,7 +88,8 @@ TEST_F(Tunnels, LitTunnelPicksLutEntryOfLightAndColour) {
     const std::uint32_t table[3] = {0x10, 0x10, 0x11};
     const std::uint16_t light16[3] = {255, 256, 1000};
     mapTunnelLit16(out, table, texture.pixels, light16, lut.pixels, 3, 0);
-    EXPECT_EQ(std::vector<std::uint32_t>(out, out + 3), (std::vector<std::uint32_t>{0xAB00FF21u, 0xAB00FFFFu, 0xAB00FFFFu}));
+    EXPECT_EQ(std::vector<std::uint32_t>(out, out + 3),
+              (std::vector<std::uint32_t>{0xAB00FF21u, 0xAB00FFFFu, 0xAB00FFFFu}));
 }
 
 TEST_F(Tunnels, SizesAreCheckedWhenTheLineIsRead) {
@@ -100,13 +101,16 @@ TEST_F(Tunnels, SizesAreCheckedWhenTheLineIsRead) {
     addTable("off", 4, 4, std::vector<std::uint32_t>(16));
     addTable("short", 4, 3, std::vector<std::uint32_t>(12));
     const std::pair<const char*, const char*> cases[] = {
-        {"tunnel32bpp screen small off constVector2 0 0", "tunnel32bpp : the texture must hold 256x256 entries, it is 128x128"},
-        {"tunnel32bpp screen tex short constVector2 0 0", "tunnel32bpp : the offsets table is 4x3, smaller than the target 4x4"},
+        {"tunnel32bpp screen small off constVector2 0 0",
+         "tunnel32bpp : the texture must hold 256x256 entries, it is 128x128"},
+        {"tunnel32bpp screen tex short constVector2 0 0",
+         "tunnel32bpp : the offsets table is 4x3, smaller than the target 4x4"},
         {"tunnelLighted32bpp screen tex8 light tex off constVector2 0 0",
          "tunnelLighted32bpp : the light map is 4x2, smaller than the target 4x4"},
         {"fennickCouloir32bpp screen tex8 small constFloat 0 constFloat 0",
          "fennickCouloir32bpp : the lut must hold 256x256 entries, it is 128x128"},
-        {"multiTunnels32bpp screen tex constVector2 0 0 0", "multiTunnels32bpp : the number of tunnels must be 1 to 16, not 0"}};
+        {"multiTunnels32bpp screen tex constVector2 0 0 0",
+         "multiTunnels32bpp : the number of tunnels must be 1 to 16, not 0"}};
     for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
 }
 
@@ -117,9 +121,15 @@ TEST(TunnelTables, GeneratedEntriesAroundTheCentre) {
     // Depth 4096 / distance over 4 in the row byte, the angle in the column byte: at the
     // centre 1024 -> row 0; distance 2 -> 170, a quarter turn 64 columns, -64 AND 255;
     // (5, 5) is exactly 32.0 in double precision; 4096 / 9 = 455, 26.2 columns, floor(-26.2).
-    const std::tuple<int, int, std::uint32_t> expected[] = {
-        {4, 4, 0},         {6, 4, 170 * 256}, {4, 6, 170 * 256 + 64}, {2, 4, 170 * 256 + 128}, {4, 2, 170 * 256 + 192},
-        {5, 5, 244 * 256 + 32}, {3, 3, 244 * 256 + 160}, {8, 7, 199 * 256 + 26}, {8, 1, 199 * 256 + 229}};
+    const std::tuple<int, int, std::uint32_t> expected[] = {{4, 4, 0},
+                                                            {6, 4, 170 * 256},
+                                                            {4, 6, 170 * 256 + 64},
+                                                            {2, 4, 170 * 256 + 128},
+                                                            {4, 2, 170 * 256 + 192},
+                                                            {5, 5, 244 * 256 + 32},
+                                                            {3, 3, 244 * 256 + 160},
+                                                            {8, 7, 199 * 256 + 26},
+                                                            {8, 1, 199 * 256 + 229}};
     for (const auto& [x, y, entry] : expected) EXPECT_EQ(at(x, y), entry) << x << "," << y;
 
     // Twice round the wall: the column doubles.
@@ -140,7 +150,8 @@ TEST_F(Tunnels, MultiTunnelsSumWindowsAlongTheFigure) {
     make("multiTunnels32bpp screen tex constVector2 0 0 2")->run(0);
     for (int y = 0; y < 6; ++y)
         for (int x = 0; x < 8; ++x)
-            ASSERT_EQ(screen.row(y)[x] - 0x1000000u, (window(4, 6, x, y) + window(4, 0, x, y)) & 0xFFFF) << x << "," << y;
+            ASSERT_EQ(screen.row(y)[x] - 0x1000000u, (window(4, 6, x, y) + window(4, 0, x, y)) & 0xFFFF)
+                << x << "," << y;
 }
 
 TEST_F(Tunnels, StylerTunnelComputesItsTableForTheTarget) {
@@ -162,7 +173,7 @@ TEST_F(Tunnels, FennickCorridorIsLitByDistanceAndSwaysRowByRow) {
     Layer32bpp& screen = addLayer32("screen", 32, 16);
     Layer8bpp& texture = addLayer8("tex", 256, 256);
     for (int i = 0; i < 65536; ++i) texture.pixels[i] = static_cast<std::uint8_t>(i);  // the column byte
-    addTexture("lut", 0);  // light << 8 | colour
+    addTexture("lut", 0);                                                              // light << 8 | colour
     make("fennickCouloir32bpp screen tex lut constFloat 0 constFloat 0")->run(0);
     // Dark in the distance, 4 / 8 of the way, full light from half the height out at angle 0.
     EXPECT_EQ(screen.row(8)[16] >> 8, 0u);

@@ -30,8 +30,9 @@ TEST_F(KeytrackGeneratorTest, SinusWritesOneSquareKeyAtZeroAndZeroAmplitudeCopie
     declare<float>("src", {0, 2}, {0, 10});
     KeytrackFloat& copy = declare<float>("copy", {0, 1, 2}, {7, 8, 9});
     KeytrackFloat& wobble = declare<float>("wobble", {0}, {0});
-    auto s = play("keytrackFloatSinus copy src 0 3\n0 100 0 1 0\nkeytrackFloatSinus wobble constFloat 1 0.5 3\n"
-                  "0 100 0 1 0\n");
+    auto s = play(
+        "keytrackFloatSinus copy src 0 3\n0 100 0 1 0\nkeytrackFloatSinus wobble constFloat 1 0.5 3\n"
+        "0 100 0 1 0\n");
     for (float t : {0.5f, 1.25f}) {
         s->run(t);
         EXPECT_FLOAT_EQ(wobble.values[0], 1.0f + std::sin(t + std::cos(t * 3.0f))) << t;

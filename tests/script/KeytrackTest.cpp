@@ -31,7 +31,7 @@ TEST_F(KeytrackTest, EveryInterpolationOnItsExamples) {
         {"smooth 2 1\n0 0\n10 2\n", 1.0f, 5.0f},  // unknown names are linear
         {"square 3 1\n1 0\n2 1\n3 2\n", 0.99f, 1.0f},
         {"square 3 1\n1 0\n2 1\n3 2\n", 1.0f, 2.0f},
-        {"cosinus 2 1\n0 0\n10 2\n", 1.0f, shortPiCosine},  // full-precision pi would give 5
+        {"cosinus 2 1\n0 0\n10 2\n", 1.0f, shortPiCosine},    // full-precision pi would give 5
         {"spline 4 1\n0 0\n10 1\n20 2\n0 3\n", 0.5f, 3.75f},  // previous key is the last one
         {"spline 4 1\n0 0\n10 1\n20 2\n0 3\n", 1.5f, 18.75f},
         {"spline 4 1\n0 0\n10 1\n20 2\n0 3\n", 2.5f, 11.25f},  // next-but-one key is the first one
@@ -71,7 +71,8 @@ TEST_F(KeytrackTest, SegmentSearchRestartsAfterAJumpBack) {
 TEST_F(KeytrackTest, ShortFileIsLoggedAndLoopsOnTheKeysRead) {
     test::startLog();
     auto track = trackFrom("linear 10 1\n0 0\n1 1\n2 2\n3 3\n4 4\n5 5\n");
-    EXPECT_TRUE(test::containsRun(test::stopLogAndReadLines(), {"Keytrack Building : there is only 6 keys in keys.txt"}));
+    EXPECT_TRUE(
+        test::containsRun(test::stopLogAndReadLines(), {"Keytrack Building : there is only 6 keys in keys.txt"}));
     EXPECT_EQ(track->count(), 6);
     EXPECT_FLOAT_EQ(track->sample(5.5f), 0.5f);
 }
@@ -103,7 +104,8 @@ TEST_F(KeytrackTest, UnusableFilesAreRejectedByName) {
         {"linear 2 1\n0 0\n10 inf\n", "invalid key time"},
     };
     for (const auto& [file, reason] : cases)
-        EXPECT_EQ(test::errorOf([&] { trackFrom(file); }), std::string("Keytrack Building : ") + reason + " in keys.txt")
+        EXPECT_EQ(test::errorOf([&] { trackFrom(file); }),
+                  std::string("Keytrack Building : ") + reason + " in keys.txt")
             << file;
     EXPECT_EQ(test::errorOf([] { KeytrackFloat::load("missing.txt"); }), "TextParser can not open file");
 }

@@ -62,8 +62,9 @@ TEST_F(RepositoryTest, DuplicatesAreKeptByAddAndIgnoredByLoad) {
     addLayer("a", 4, 2);
     addLayer("a", 8, 8);
     auto lines = test::stopLogAndReadLines();
-    EXPECT_TRUE(test::containsRun(lines, {"Repository::add a", dashLine, "Repository::add : a already in the repository",
-                                          dashLine, "Repository::add a"}));
+    EXPECT_TRUE(
+        test::containsRun(lines, {"Repository::add a", dashLine, "Repository::add : a already in the repository",
+                                  dashLine, "Repository::add a"}));
     EXPECT_EQ(repository.aquireAs<Layer>("a").width, 4);  // the older one is found
     EXPECT_TRUE(test::containsRun(lines, {"1 - Key [back] - Id [Layer32bpp]"}));
     EXPECT_TRUE(test::containsRun(lines, {"Repository::loading, symbol already in the repository : back"}));
@@ -88,13 +89,14 @@ TEST_F(RepositoryTest, MissingNamesUnknownKindsAndWrongKindsAreFatal) {
     test::startLog();
     test::ParsedLine name("other");
     test::ParsedLine declaration("x Bitmap file.pcx", "d.txt");
-    for (const std::function<void()>& missing : std::vector<std::function<void()>>{
-             [&] { repository.aquire("nope"); }, [&] { repository.aquire(name.parser); },
-             [&] { repository.aquireAs<KeytrackFloat>("screen"); }})
+    for (const std::function<void()>& missing :
+         std::vector<std::function<void()>>{[&] { repository.aquire("nope"); }, [&] { repository.aquire(name.parser); },
+                                            [&] { repository.aquireAs<KeytrackFloat>("screen"); }})
         EXPECT_EQ(test::errorOf(missing), "Repository::aquire failure");
     EXPECT_EQ(test::errorOf([&] { repository.load(declaration.parser); }), "unknow ResourceType");
     auto lines = test::stopLogAndReadLines();
-    for (const char* fatal : {"Fatal: nope was not found", "Fatal: other was not found", "Fatal: screen is not a KeytrackFloat"})
+    for (const char* fatal :
+         {"Fatal: nope was not found", "Fatal: other was not found", "Fatal: screen is not a KeytrackFloat"})
         EXPECT_TRUE(test::containsRun(lines, test::framed(fatal))) << fatal;
     EXPECT_TRUE(test::containsRun(lines, {"1 - Key [x] - Id [Bitmap]", dashLine, "unknow ResourceType : Bitmap"}));
     EXPECT_EQ(repository.count(), 1);

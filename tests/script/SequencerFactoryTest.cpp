@@ -29,10 +29,14 @@ TEST_F(SequencerFactoryTest, RegistersEveryKeywordOnceInGroupOrder) {
     EXPECT_EQ(factory.keyword(145), "lensflareSpline32bpp");
     // The last keyword of each group is followed by the first of the next.
     const std::pair<const char*, const char*> seams[] = {
-        {"frameDependentComposite", "blendColor"},        {"alphaLut", "fadeVolume"},
-        {"playMp3", "playVideo32bpp"},                    {"spriteRotKeytrack32bpp", "keytrackSpriteNoise"},
-        {"keytrackFloatSinus", "PutStringKeytrack32bpp"}, {"fire8bpp", "meshePlayerPainter8bpp"},
-        {"sceneMaxStreamRecorder32bpp", "morphingModel"}, {"setFov", "wireframeFlower32bpp"},
+        {"frameDependentComposite", "blendColor"},
+        {"alphaLut", "fadeVolume"},
+        {"playMp3", "playVideo32bpp"},
+        {"spriteRotKeytrack32bpp", "keytrackSpriteNoise"},
+        {"keytrackFloatSinus", "PutStringKeytrack32bpp"},
+        {"fire8bpp", "meshePlayerPainter8bpp"},
+        {"sceneMaxStreamRecorder32bpp", "morphingModel"},
+        {"setFov", "wireframeFlower32bpp"},
     };
     for (const auto& [last, first] : seams) EXPECT_EQ(indexOf(last) + 1, indexOf(first)) << last;
     std::set<std::string> distinct;

@@ -32,8 +32,9 @@ TEST_F(SequencerTest, ActiveEntriesRunByOrderAndTiesKeepScriptOrder) {
 }
 
 TEST_F(SequencerTest, ReadingStopsAtWaitsNotYetReachedAtWaitFrameAndAtEndDemo) {
-    const std::string script = "record a\n0 9 0 1 0\nwait 4\nrecord b\n0 9 0 1 0\nwaitFrame\n"
-                               "% skipped\nrecord hidden\n0 9 0 1 0\n%\nrecord c\n0 9 0 1 0\nendDemo\nrecord d\n0 9 0 1 0\n";
+    const std::string script =
+        "record a\n0 9 0 1 0\nwait 4\nrecord b\n0 9 0 1 0\nwaitFrame\n"
+        "% skipped\nrecord hidden\n0 9 0 1 0\n%\nrecord c\n0 9 0 1 0\nendDemo\nrecord d\n0 9 0 1 0\n";
     auto late = play(script);
     EXPECT_EQ(frame(*late, 6.0f), "a@6 b@6");
     EXPECT_EQ(frame(*late, 6.0f), "a@6 b@6 c@6");
@@ -65,10 +66,15 @@ TEST_F(SequencerTest, LogsAHeadingPerReadingCallAndOneLinePerEntry) {
     auto s = play("record a\n2 -1 0.5 1 3\nwaitFrame\nrecord b\n0 1.25 0 2 -1\n");
     s->run(1.0f);
     s->run(1.0f);
-    EXPECT_TRUE(containsRun(stopLogAndReadLines(), {
-        "", "main.txt:", "0 - Key [Recorder] - begin [2] - end [-1] - offset [0.5] - speed [1] - order [3]",
-        "", "main.txt:", "1 - Key [Recorder] - begin [0] - end [1.25] - offset [0] - speed [2] - order [-1]",
-    }));
+    EXPECT_TRUE(containsRun(stopLogAndReadLines(),
+                            {
+                                "",
+                                "main.txt:",
+                                "0 - Key [Recorder] - begin [2] - end [-1] - offset [0.5] - speed [1] - order [3]",
+                                "",
+                                "main.txt:",
+                                "1 - Key [Recorder] - begin [0] - end [1.25] - offset [0] - speed [2] - order [-1]",
+                            }));
 }
 
 TEST_F(SequencerTest, UnknownKeywordIsFramedInTheLogAndFatal) {

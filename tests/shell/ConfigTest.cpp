@@ -28,7 +28,7 @@ TEST(Config, ReadsNumbersSwitchesAndLogsTheResolution) {
                                 c.screenSlotCount}),
               std::vector<int>({640, 480, 400, 40, 32, 2}));
     EXPECT_TRUE(c.counters && c.lowQuality && c.archive);
-    EXPECT_FALSE(c.nosound);  // keywords are case-sensitive
+    EXPECT_FALSE(c.nosound);               // keywords are case-sensitive
     EXPECT_EQ(c.archiveName, "demo.dat");  // the last name wins
     ASSERT_EQ(lines.size(), 7u);
     EXPECT_EQ(lines[2], "Hardware resolution : 640 * 480");

@@ -18,7 +18,7 @@ constexpr double testSongLowHz = 7093789.2 / (2 * 214) / 64;
 inline std::vector<std::uint8_t> makeTestSong() {
     constexpr std::size_t patternsAt = 1084, samplesAt = patternsAt + 3 * 64 * 4 * 4, sampleLength = 1024;
     std::vector<std::uint8_t> out(samplesAt + 2 * sampleLength, 0);  // the title and unused fields stay 0
-    for (std::size_t header : {20, 50}) {  // samples 1 and 2: 512 words, volume 64, looped whole
+    for (std::size_t header : {20, 50}) {         // samples 1 and 2: 512 words, volume 64, looped whole
         out[header + 22] = out[header + 28] = 2;  // big-endian word counts
         out[header + 25] = 64;
     }
@@ -36,9 +36,9 @@ inline std::vector<std::uint8_t> makeTestSong() {
         cell(pattern, 0, 1, 0, 0, 0xF, 5);  // speed 5
         cell(pattern, 4, 3, 0, 0, 0xD, 0);  // next order after this row
     }
-    cell(0, 0, 0, 1, 214, 0, 0);  // the high tone at middle C
-    cell(1, 0, 0, 0, 0, 0xC, 0);  // volume 0: the looping tone stops
-    cell(2, 0, 0, 2, 214, 0, 0);  // the low tone
+    cell(0, 0, 0, 1, 214, 0, 0);                      // the high tone at middle C
+    cell(1, 0, 0, 0, 0, 0xC, 0);                      // volume 0: the looping tone stops
+    cell(2, 0, 0, 2, 214, 0, 0);                      // the low tone
     for (std::size_t i = 0; i < sampleLength; ++i) {  // square waves of 16 and 64 samples
         out[samplesAt + i] = static_cast<std::uint8_t>(i % 16 < 8 ? 100 : -100);
         out[samplesAt + sampleLength + i] = static_cast<std::uint8_t>(i % 64 < 32 ? 100 : -100);

@@ -218,7 +218,7 @@ TEST_F(MusicTest, WavLinesUpWithTheFrames) {
     ASSERT_EQ(wav.size(), 44 + frames * 4);
     EXPECT_EQ(wav.substr(0, 4) + wav.substr(8, 8) + wav.substr(36, 4), "RIFFWAVEfmt data");
     // Offset, size, value: RIFF size, fmt size, PCM, 2 channels, rate, byte rate, block, bits, data size.
-    const std::uint32_t fields[][3] = {{4, 4, 36 + frames * 4}, {16, 4, 16}, {20, 2, 1},      {22, 2, 2},
+    const std::uint32_t fields[][3] = {{4, 4, 36 + frames * 4}, {16, 4, 16},        {20, 2, 1}, {22, 2, 2},
                                        {24, 4, 44100},          {28, 4, 44100 * 4}, {32, 2, 4}, {34, 2, 16},
                                        {40, 4, frames * 4}};
     for (const auto& [at, size, value] : fields) EXPECT_EQ(le(wav, at, static_cast<int>(size)), value) << at;

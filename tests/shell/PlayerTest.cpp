@@ -54,9 +54,9 @@ protected:
 };
 
 TEST_F(PlayerTest, SpaceLogsTheTimeCutToTenthsOncePerPress) {
-    console.queueKey(1237, spaceKey);               // t = 12.37
-    console.queueKey(1500, Key{'a'});               // another key ...
-    console.queueKey(1501, spaceKey);               // ... latches the Space right after it
+    console.queueKey(1237, spaceKey);                     // t = 12.37
+    console.queueKey(1500, Key{'a'});                     // another key ...
+    console.queueKey(1501, spaceKey);                     // ... latches the Space right after it
     console.queueKey(1600, Key{32, false, true, false});  // Shift+Space is not Space
     console.queueKey(1700, spaceKey);
     EXPECT_EQ(play("", 20.0), 0);

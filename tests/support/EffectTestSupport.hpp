@@ -61,7 +61,6 @@ protected:
         return component;
     }
 
-
 private:
     Sequencer& sequencer() {
         if (!sequencer_) {

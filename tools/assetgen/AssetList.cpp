@@ -3,9 +3,7 @@
 
 namespace vz::assetgen {
 
-void addMusic(AssetList& assets) {
-    assets.push_back({"music.mod", encodeMod(composeSampleSong())});
-}
+void addMusic(AssetList& assets) { assets.push_back({"music.mod", encodeMod(composeSampleSong())}); }
 
 AssetList makeAllAssets(const Band& band) {
     AssetList assets;

@@ -19,8 +19,8 @@ using AssetList = std::vector<Asset>;
 void addPictures(AssetList& assets, const Band& band);  // font, textures, backgrounds, sprites, film
 void addMaps(AssetList& assets, const Band& band);      // tunnel offsets, light maps, alpha maps, patterns
 void addPalettes(AssetList& assets, const Band& band);  // palette pictures, palette files, LUT palettes
-void addKeytracks(AssetList& assets);  // key files
-void addMusic(AssetList& assets);      // the tracker module
+void addKeytracks(AssetList& assets);                   // key files
+void addMusic(AssetList& assets);                       // the tracker module
 
 // Every file of the demo, in a fixed order.
 AssetList makeAllAssets(const Band& band = Band{});

@@ -6,8 +6,7 @@ namespace vz::assetgen {
 
 Bytes encodeBmp24(const RgbPicture& picture) {
     const int w = picture.width, h = picture.height;
-    if (w <= 0 || h <= 0 || w > 32767 || h > 32767)
-        throw std::runtime_error("BMP pictures need sizes within 1..32767");
+    if (w <= 0 || h <= 0 || w > 32767 || h > 32767) throw std::runtime_error("BMP pictures need sizes within 1..32767");
     const uint32_t rowBytes = (uint32_t(w) * 3 + 3) & ~3u;
     const uint32_t dataOffset = 14 + 40;
     const uint32_t imageBytes = rowBytes * uint32_t(h);

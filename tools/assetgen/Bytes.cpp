@@ -18,8 +18,6 @@ void writeFile(const std::string& path, const Bytes& bytes) {
     writeRaw(path, reinterpret_cast<const char*>(bytes.data()), bytes.size());
 }
 
-void writeFile(const std::string& path, const std::string& text) {
-    writeRaw(path, text.data(), text.size());
-}
+void writeFile(const std::string& path, const std::string& text) { writeRaw(path, text.data(), text.size()); }
 
 }  // namespace vz::assetgen

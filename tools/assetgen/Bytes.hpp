@@ -8,9 +8,7 @@ namespace vz::assetgen {
 
 using Bytes = std::vector<uint8_t>;
 
-inline void put8(Bytes& out, unsigned v) {
-    out.push_back(uint8_t(v));
-}
+inline void put8(Bytes& out, unsigned v) { out.push_back(uint8_t(v)); }
 
 inline void put16le(Bytes& out, unsigned v) {
     out.push_back(uint8_t(v));

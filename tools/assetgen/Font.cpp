@@ -56,9 +56,7 @@ int glyphCell(char c) {
     return -1;
 }
 
-bool glyphInk(int cell, int column, int row) {
-    return glyphs[cell][row][column] == '#';
-}
+bool glyphInk(int cell, int column, int row) { return glyphs[cell][row][column] == '#'; }
 
 void drawText(IndexedPicture& picture, int x, int y, const std::string& text, int scale, uint8_t index) {
     for (char ch : text) {
@@ -69,8 +67,7 @@ void drawText(IndexedPicture& picture, int x, int y, const std::string& text, in
                 for (int dy = 0; dy < scale; ++dy)
                     for (int dx = 0; dx < scale; ++dx) {
                         const int px = x + c * scale + dx, py = y + r * scale + dy;
-                        if (px >= 0 && py >= 0 && px < picture.width && py < picture.height)
-                            picture.at(px, py) = index;
+                        if (px >= 0 && py >= 0 && px < picture.width && py < picture.height) picture.at(px, py) = index;
                     }
             }
         }

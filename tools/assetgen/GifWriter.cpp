@@ -90,8 +90,7 @@ void encodeLzw(Bytes& out, const std::vector<uint8_t>& pixels) {
 
 Bytes encodeGif(const IndexedPicture& picture) {
     const int w = picture.width, h = picture.height;
-    if (w <= 0 || h <= 0 || w > 65535 || h > 65535)
-        throw std::runtime_error("GIF pictures need sizes within 1..65535");
+    if (w <= 0 || h <= 0 || w > 65535 || h > 65535) throw std::runtime_error("GIF pictures need sizes within 1..65535");
     Bytes out;
     putText(out, "GIF89a", 6);
     put16le(out, unsigned(w));

@@ -33,9 +33,7 @@ std::string keyFile(const std::string& comment, const std::string& interpolation
     return text;
 }
 
-Bytes bytesOf(const std::string& text) {
-    return Bytes(text.begin(), text.end());
-}
+Bytes bytesOf(const std::string& text) { return Bytes(text.begin(), text.end()); }
 
 // A figure of eight sampled at nine keys; the last key repeats the first so that
 // the spline closes the loop smoothly.
@@ -50,23 +48,18 @@ std::vector<Key> figureEightKeys() {
 }  // namespace
 
 void addKeytracks(AssetList& assets) {
-    auto add = [&assets](const std::string& name, const std::string& text) {
-        assets.push_back({name, bytesOf(text)});
-    };
-    add("sprite_path.txt", keyFile("sprite: x y scaleX scaleY time; a figure of eight every 8 s", "spline", 1.0,
-                                   figureEightKeys()));
+    auto add = [&assets](const std::string& name, const std::string& text) { assets.push_back({name, bytesOf(text)}); };
+    add("sprite_path.txt",
+        keyFile("sprite: x y scaleX scaleY time; a figure of eight every 8 s", "spline", 1.0, figureEightKeys()));
     add("sprite_zoom.txt", keyFile("sprite: centred, scale 0.5 -> 2 -> 0.5 every 4 s", "cosinus", 1.0,
                                    {{{0, 0, 0.5, 0.5}, 0}, {{0, 0, 2, 2}, 2}, {{0, 0, 0.5, 0.5}, 4}}));
     add("text_scroll.txt", keyFile("text pen: scrolls from the right edge to far left in 12 s", "linear", 1.0,
                                    {{{1.1, 0.7, 1, 1}, 0}, {{-3.0, 0.7, 1, 1}, 12}}));
     add("text_title.txt", keyFile("text pen: a title swaying and swelling every 4 s", "cosinus", 1.0,
                                   {{{-0.5, -0.2, 1, 1}, 0}, {{-0.5, -0.3, 1.5, 1.5}, 2}, {{-0.5, -0.2, 1, 1}, 4}}));
-    add("fade_in.txt", keyFile("float: 0 -> 1 in 2 s, then held", "linear", 1.0,
-                               {{{0}, 0}, {{1}, 2}, {{1}, 1000}}));
-    add("fade_out.txt", keyFile("float: 1 -> 0 in 2 s, then held", "linear", 1.0,
-                                {{{1}, 0}, {{0}, 2}, {{0}, 1000}}));
-    add("palette_blend.txt", keyFile("float: 0 -> 1 -> 0 every 6 s", "cosinus", 1.0,
-                                     {{{0}, 0}, {{1}, 3}, {{0}, 6}}));
+    add("fade_in.txt", keyFile("float: 0 -> 1 in 2 s, then held", "linear", 1.0, {{{0}, 0}, {{1}, 2}, {{1}, 1000}}));
+    add("fade_out.txt", keyFile("float: 1 -> 0 in 2 s, then held", "linear", 1.0, {{{1}, 0}, {{0}, 2}, {{0}, 1000}}));
+    add("palette_blend.txt", keyFile("float: 0 -> 1 -> 0 every 6 s", "cosinus", 1.0, {{{0}, 0}, {{1}, 3}, {{0}, 6}}));
     add("spacing.txt", keyFile("float: glyph spacing in pixels, 2 -> 12 -> 2 every 4 s", "cosinus", 1.0,
                                {{{2}, 0}, {{12}, 2}, {{2}, 4}}));
     add("tunnel_speed.txt", keyFile("vector2: rows per second, columns per second; swings every 8 s", "cosinus", 1.0,
@@ -79,22 +72,22 @@ void addKeytracks(AssetList& assets) {
                                   {{{32}, 0}, {{10}, 1}}, true));
     add("frames.txt", keyFile("int frame: 0..15 of the film strip, 10 frames per second", "linear", 1.0,
                               {{{0}, 0}, {{16}, 1.6}}, true));
-    add("rotate.txt", keyFile("int palette rotation: 0 -> 256 every 5.12 s", "linear", 1.0,
-                              {{{0}, 0}, {{256}, 5.12}}, true));
-    add("rendu_cycle.txt", keyFile("int rendu: one blend mode per beat: normal, glenz 25/50/75, level 12, add, sub, "
-                                   "addnosat",
-                                   "square", 0.48,
-                                   {{{32}, 0}, {{8}, 1}, {{16}, 2}, {{24}, 3}, {{12}, 4}, {{33}, 5}, {{34}, 6},
-                                    {{35}, 7}, {{32}, 8}},
-                                   true));
+    add("rotate.txt",
+        keyFile("int palette rotation: 0 -> 256 every 5.12 s", "linear", 1.0, {{{0}, 0}, {{256}, 5.12}}, true));
+    add("rendu_cycle.txt",
+        keyFile("int rendu: one blend mode per beat: normal, glenz 25/50/75, level 12, add, sub, "
+                "addnosat",
+                "square", 0.48,
+                {{{32}, 0}, {{8}, 1}, {{16}, 2}, {{24}, 3}, {{12}, 4}, {{33}, 5}, {{34}, 6}, {{35}, 7}, {{32}, 8}},
+                true));
     add("blur_radius.txt", keyFile("int blur radius: 1 -> 24 -> 1 every 3.84 s", "cosinus", 1.0,
                                    {{{1}, 0}, {{24}, 1.92}, {{1}, 3.84}}, true));
     add("scroll_x.txt", keyFile("int horizontal scroll in pixels: 0 -> 512 every 7.68 s", "linear", 1.0,
                                 {{{0}, 0}, {{512}, 7.68}}, true));
     add("scroll_y.txt", keyFile("int vertical scroll in pixels: a swing of -10 .. 200", "cosinus", 1.0,
                                 {{{-10}, 0}, {{200}, 3.84}, {{-10}, 7.68}}, true));
-    add("wobble.txt", keyFile("float amplitude: 0 -> 24 -> 0 every 3.84 s", "cosinus", 1.0,
-                              {{{0}, 0}, {{24}, 1.92}, {{0}, 3.84}}));
+    add("wobble.txt",
+        keyFile("float amplitude: 0 -> 24 -> 0 every 3.84 s", "cosinus", 1.0, {{{0}, 0}, {{24}, 1.92}, {{0}, 3.84}}));
     add("zoom_pulse.txt", keyFile("float zoom factor: 1.0 -> 1.06 on each beat", "cosinus", 0.48,
                                   {{{1.0}, 0}, {{1.06}, 0.5}, {{1.0}, 1}}));
 }

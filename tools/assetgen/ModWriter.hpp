@@ -18,8 +18,8 @@ constexpr int modMaxSamples = 31;
 struct ModSample {
     std::string name;
     std::vector<int8_t> data;
-    int volume = 64;    // 0..64
-    int finetune = 0;   // -8..7
+    int volume = 64;   // 0..64
+    int finetune = 0;  // -8..7
     size_t loopStart = 0;
     size_t loopLength = 0;
 };
@@ -41,9 +41,9 @@ struct ModPattern {
 
 struct ModSong {
     std::string title;
-    std::vector<ModSample> samples;    // sample number n is samples[n - 1]
+    std::vector<ModSample> samples;  // sample number n is samples[n - 1]
     std::vector<ModPattern> patterns;
-    std::vector<int> orders;           // pattern numbers in play order, 1..128 of them
+    std::vector<int> orders;  // pattern numbers in play order, 1..128 of them
 };
 
 // Amiga period of a note written as in trackers: "C-1" .. "B-3", sharps as "C#2".

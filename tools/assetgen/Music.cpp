@@ -18,9 +18,7 @@ constexpr double rateC3 = 3546895.0 / 214.0;
 enum Instrument { kick = 1, snare, hat, bass, lead, pad };
 enum Channel { drums = 0, hats = 1, bassline = 2, melody = 3 };
 
-int8_t toSample(double v) {
-    return int8_t(std::lround(std::clamp(v, -1.0, 1.0) * 127.0));
-}
+int8_t toSample(double v) { return int8_t(std::lround(std::clamp(v, -1.0, 1.0) * 127.0)); }
 
 // One-shot samples start with a silent word: old players repeat the first word
 // of a sample that has no loop.
@@ -126,12 +124,12 @@ void placeDrums(ModPattern& p, int channel, const std::string& bar, int firstBar
         for (int i = 0; i < 16; ++i) {
             const int row = b * 16 + i;
             switch (bar[size_t(i)]) {
-                case 'K': setCell(p, row, channel, {kick, c3, 0, 0}); break;
-                case 'S': setCell(p, row, channel, {snare, c3, 0, 0}); break;
-                case 's': setCell(p, row, channel, {snare, c3, 0xC, 0x20}); break;
-                case 'H': setCell(p, row, channel, {hat, c3, 0, 0}); break;
-                case 'h': setCell(p, row, channel, {hat, c3, 0xC, 0x18}); break;
-                default: break;
+            case 'K': setCell(p, row, channel, {kick, c3, 0, 0}); break;
+            case 'S': setCell(p, row, channel, {snare, c3, 0, 0}); break;
+            case 's': setCell(p, row, channel, {snare, c3, 0xC, 0x20}); break;
+            case 'H': setCell(p, row, channel, {hat, c3, 0, 0}); break;
+            case 'h': setCell(p, row, channel, {hat, c3, 0xC, 0x18}); break;
+            default: break;
             }
         }
     }
@@ -150,9 +148,9 @@ struct Chord {
     int arp;
 };
 constexpr int minorArp = 0x37, majorArp = 0x47;
-const Chord am{"A-1", "A-2", "A-2", minorArp}, f{"F-1", "F-2", "F-2", majorArp},
-    c{"C-2", "C-3", "C-2", majorArp}, g{"G-1", "G-2", "G-2", majorArp},
-    em{"E-1", "E-2", "E-2", minorArp}, dm{"D-1", "D-2", "D-2", minorArp}, e{"E-1", "E-2", "E-2", majorArp};
+const Chord am{"A-1", "A-2", "A-2", minorArp}, f{"F-1", "F-2", "F-2", majorArp}, c{"C-2", "C-3", "C-2", majorArp},
+    g{"G-1", "G-2", "G-2", majorArp}, em{"E-1", "E-2", "E-2", minorArp}, dm{"D-1", "D-2", "D-2", minorArp},
+    e{"E-1", "E-2", "E-2", majorArp};
 
 using Progression = std::array<Chord, 4>;
 
@@ -176,71 +174,75 @@ ModPattern makePattern(int number) {
     const Progression firstHalf{am, f, c, g}, secondHalf{f, g, em, am}, breakdown{dm, am, dm, e};
     ModPattern p;
     switch (number) {
-        case 0:  // intro: pulse, bass and pad
-            placeDrums(p, drums, "K.......K.......");
-            placeBass(p, firstHalf, "R-R-R-R-");
-            placeArps(p, firstHalf);
-            break;
-        case 1:  // the groove starts
-            placeDrums(p, drums, "K...S...K...S...");
-            placeDrums(p, hats, "H.h.H.h.H.h.H.h.");
-            placeBass(p, firstHalf, "RROROROO");
-            placeArps(p, firstHalf);
-            break;
-        case 2:  // first theme
-            placeDrums(p, drums, "K...S...K.K.S...");
-            placeDrums(p, hats, "H.h.H.h.H.h.H.h.");
-            placeBass(p, firstHalf, "RROROROO");
-            placeLine(p, melody, lead,
-                      "A-2 --- C-3 E-3 D-3 C-3 B-2 C-3  A-2 --- --- F-2 A-2 C-3 A-2 F-2 "
-                      "G-2 --- E-2 G-2 C-3 --- E-3 D-3  B-2 --- D-3 --- G-2 --- ^^^ ---", 2);
-            break;
-        case 3:  // first theme, answered
-            placeDrums(p, drums, "K...S...K.K.S..K");
-            placeDrums(p, hats, "HhHhHhHhHhHhHhHh");
-            placeBass(p, firstHalf, "RROROROO");
-            placeLine(p, melody, lead,
-                      "E-3 --- D-3 C-3 B-2 C-3 A-2 ---  C-3 --- A-2 --- F-2 --- A-2 C-3 "
-                      "E-3 --- G-3 --- E-3 D-3 C-3 ---  D-3 --- B-2 --- G-2 --- ^^^ ---", 2);
-            break;
-        case 4:  // second half: new progression and theme
-            placeDrums(p, drums, "K..KS..KK..KS.K.");
-            placeDrums(p, hats, "H.HhH.HhH.HhH.Hh");
-            placeBass(p, secondHalf, "R-ROR-RO");
-            placeLine(p, melody, lead,
-                      "C-3 --- A-2 --- F-2 A-2 C-3 F-3  D-3 --- B-2 --- G-2 B-2 D-3 G-3 "
-                      "E-3 --- --- B-2 G-2 --- E-2 G-2  A-2 --- C-3 --- E-3 --- ^^^ ---", 2);
-            break;
-        case 5:  // breakdown, with a snare roll into the climax
-            placeDrums(p, hats, "H...H...H...H...");
-            placeDrums(p, drums, "S.s.S.s.SsSsSSSS", 3, 1);
-            placeBass(p, breakdown, "R-------");
-            placeArps(p, breakdown);
-            break;
-        case 6:  // climax: second theme an octave up
-            placeDrums(p, drums, "K...S...K.K.S...");
-            placeDrums(p, hats, "HhHhHhHhHhHhHhHh");
-            placeBass(p, secondHalf, "RROROROO");
-            placeLine(p, melody, lead,
-                      "F-3 E-3 C-3 A-2 C-3 --- F-3 A-3  G-3 F-3 D-3 B-2 D-3 --- G-3 B-3 "
-                      "G-3 --- E-3 --- B-2 --- E-3 G-3  A-3 --- --- --- E-3 --- C-3 ---", 2);
-            break;
-        case 7: {  // outro: everything fades on A minor
-            placeDrums(p, drums, "K...K...K...K...", 0, 2);
-            placeDrums(p, hats, "H.h.H.h.H.h.H.h.", 0, 2);
-            placeDrums(p, drums, "K...............", 2, 1);
-            const int volumes[4] = {0x30, 0x24, 0x18, 0x0C};
-            for (int b = 0; b < 4; ++b)
-                for (int beat = 0; beat < 4; ++beat)
-                    setCell(p, b * 16 + beat * 4, bassline, {bass, notePeriod("A-1"), 0xC, volumes[b]});
-            const char* bells[4] = {"A-2", "C-3", "E-3", "A-3"};
-            for (int b = 0; b < 4; ++b) {
-                setCell(p, b * 16, melody, {lead, notePeriod(bells[b]), 0, 0});
-                for (int i = 1; i < 16; ++i) setCell(p, b * 16 + i, melody, {0, 0, 0xA, 0x01});
-            }
-            break;
+    case 0:  // intro: pulse, bass and pad
+        placeDrums(p, drums, "K.......K.......");
+        placeBass(p, firstHalf, "R-R-R-R-");
+        placeArps(p, firstHalf);
+        break;
+    case 1:  // the groove starts
+        placeDrums(p, drums, "K...S...K...S...");
+        placeDrums(p, hats, "H.h.H.h.H.h.H.h.");
+        placeBass(p, firstHalf, "RROROROO");
+        placeArps(p, firstHalf);
+        break;
+    case 2:  // first theme
+        placeDrums(p, drums, "K...S...K.K.S...");
+        placeDrums(p, hats, "H.h.H.h.H.h.H.h.");
+        placeBass(p, firstHalf, "RROROROO");
+        placeLine(p, melody, lead,
+                  "A-2 --- C-3 E-3 D-3 C-3 B-2 C-3  A-2 --- --- F-2 A-2 C-3 A-2 F-2 "
+                  "G-2 --- E-2 G-2 C-3 --- E-3 D-3  B-2 --- D-3 --- G-2 --- ^^^ ---",
+                  2);
+        break;
+    case 3:  // first theme, answered
+        placeDrums(p, drums, "K...S...K.K.S..K");
+        placeDrums(p, hats, "HhHhHhHhHhHhHhHh");
+        placeBass(p, firstHalf, "RROROROO");
+        placeLine(p, melody, lead,
+                  "E-3 --- D-3 C-3 B-2 C-3 A-2 ---  C-3 --- A-2 --- F-2 --- A-2 C-3 "
+                  "E-3 --- G-3 --- E-3 D-3 C-3 ---  D-3 --- B-2 --- G-2 --- ^^^ ---",
+                  2);
+        break;
+    case 4:  // second half: new progression and theme
+        placeDrums(p, drums, "K..KS..KK..KS.K.");
+        placeDrums(p, hats, "H.HhH.HhH.HhH.Hh");
+        placeBass(p, secondHalf, "R-ROR-RO");
+        placeLine(p, melody, lead,
+                  "C-3 --- A-2 --- F-2 A-2 C-3 F-3  D-3 --- B-2 --- G-2 B-2 D-3 G-3 "
+                  "E-3 --- --- B-2 G-2 --- E-2 G-2  A-2 --- C-3 --- E-3 --- ^^^ ---",
+                  2);
+        break;
+    case 5:  // breakdown, with a snare roll into the climax
+        placeDrums(p, hats, "H...H...H...H...");
+        placeDrums(p, drums, "S.s.S.s.SsSsSSSS", 3, 1);
+        placeBass(p, breakdown, "R-------");
+        placeArps(p, breakdown);
+        break;
+    case 6:  // climax: second theme an octave up
+        placeDrums(p, drums, "K...S...K.K.S...");
+        placeDrums(p, hats, "HhHhHhHhHhHhHhHh");
+        placeBass(p, secondHalf, "RROROROO");
+        placeLine(p, melody, lead,
+                  "F-3 E-3 C-3 A-2 C-3 --- F-3 A-3  G-3 F-3 D-3 B-2 D-3 --- G-3 B-3 "
+                  "G-3 --- E-3 --- B-2 --- E-3 G-3  A-3 --- --- --- E-3 --- C-3 ---",
+                  2);
+        break;
+    case 7: {  // outro: everything fades on A minor
+        placeDrums(p, drums, "K...K...K...K...", 0, 2);
+        placeDrums(p, hats, "H.h.H.h.H.h.H.h.", 0, 2);
+        placeDrums(p, drums, "K...............", 2, 1);
+        const int volumes[4] = {0x30, 0x24, 0x18, 0x0C};
+        for (int b = 0; b < 4; ++b)
+            for (int beat = 0; beat < 4; ++beat)
+                setCell(p, b * 16 + beat * 4, bassline, {bass, notePeriod("A-1"), 0xC, volumes[b]});
+        const char* bells[4] = {"A-2", "C-3", "E-3", "A-3"};
+        for (int b = 0; b < 4; ++b) {
+            setCell(p, b * 16, melody, {lead, notePeriod(bells[b]), 0, 0});
+            for (int i = 1; i < 16; ++i) setCell(p, b * 16 + i, melody, {0, 0, 0xA, 0x01});
         }
-        default: throw std::logic_error("no such pattern");
+        break;
+    }
+    default: throw std::logic_error("no such pattern");
     }
     setCell(p, 0, drums, {0, 0, 0xF, songSpeed});
     setCell(p, 0, hats, {0, 0, 0xF, songTempo});
@@ -251,8 +253,12 @@ ModPattern makePattern(int number) {
 ModSong composeSampleSong() {
     ModSong song;
     song.title = "vzplayer sample";
-    song.samples = {makeKick(), makeSnare(), makeHat(), makeBass(),
-                    makeLooped("lead", 32, 7, true, 44), makeLooped("pad", 64, 6, false, 36)};
+    song.samples = {makeKick(),
+                    makeSnare(),
+                    makeHat(),
+                    makeBass(),
+                    makeLooped("lead", 32, 7, true, 44),
+                    makeLooped("pad", 64, 6, false, 36)};
     for (int i = 0; i < 8; ++i) song.patterns.push_back(makePattern(i));
     song.orders = {0, 1, 2, 3, 4, 5, 6, 7};
     return song;

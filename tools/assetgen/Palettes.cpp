@@ -54,7 +54,8 @@ IndexedPicture makePlasma(const Band& band) {
 // (row = light level, column = colour index).
 Palette lutDarkPalette() {
     Palette p;
-    for (int a = 0; a < 256; ++a) p[size_t(a)] = {uint8_t(a >> 4), uint8_t(a >> 4), uint8_t(std::min(15, (a >> 4) + 1))};
+    for (int a = 0; a < 256; ++a)
+        p[size_t(a)] = {uint8_t(a >> 4), uint8_t(a >> 4), uint8_t(std::min(15, (a >> 4) + 1))};
     return p;
 }
 

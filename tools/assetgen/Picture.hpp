@@ -38,17 +38,12 @@ struct RgbPicture {
     const Rgb& at(int x, int y) const { return pixels[size_t(y) * size_t(width) + size_t(x)]; }
 };
 
-inline uint8_t clampByte(double v) {
-    return uint8_t(std::clamp(v, 0.0, 255.0));
-}
+inline uint8_t clampByte(double v) { return uint8_t(std::clamp(v, 0.0, 255.0)); }
 
-inline uint8_t clampByte(int v) {
-    return uint8_t(std::clamp(v, 0, 255));
-}
+inline uint8_t clampByte(int v) { return uint8_t(std::clamp(v, 0, 255)); }
 
 inline Rgb mix(Rgb a, Rgb b, double f) {
-    return {clampByte(a.r + (b.r - a.r) * f), clampByte(a.g + (b.g - a.g) * f),
-            clampByte(a.b + (b.b - a.b) * f)};
+    return {clampByte(a.r + (b.r - a.r) * f), clampByte(a.g + (b.g - a.g) * f), clampByte(a.b + (b.b - a.b) * f)};
 }
 
 // Sets every pixel of the picture to f(x, y).

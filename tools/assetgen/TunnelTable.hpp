@@ -10,8 +10,8 @@ namespace vz::assetgen {
 // In authored band units: the centre, depth and radius offset follow the band's size.
 struct TunnelShape {
     double centreX, centreY;
-    double turns;   // texture repeats round the tunnel
-    double depth;   // texture rows = depth / (radius + radiusOffset)
+    double turns;  // texture repeats round the tunnel
+    double depth;  // texture rows = depth / (radius + radiusOffset)
     double radiusOffset;
 };
 

@@ -80,8 +80,8 @@ private:
                     toggleFullScreen();
                     continue;
                 }
-                keys_.push_back(Key{static_cast<int>(sym.sym), (sym.mod & KMOD_ALT) != 0,
-                                    (sym.mod & KMOD_SHIFT) != 0, (sym.mod & KMOD_CTRL) != 0});
+                keys_.push_back(Key{static_cast<int>(sym.sym), (sym.mod & KMOD_ALT) != 0, (sym.mod & KMOD_SHIFT) != 0,
+                                    (sym.mod & KMOD_CTRL) != 0});
             }
         }
     }
