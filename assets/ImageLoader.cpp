@@ -15,10 +15,10 @@
 #include "assets/decoders/JpegDecoder.hpp"
 #include "assets/decoders/PcxDecoder.hpp"
 #include "assets/decoders/PictureSize.hpp"
-#include "script/Layer.hpp"
-#include "script/Palette.hpp"
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
+#include "core/Layer.hpp"
+#include "core/Palette.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 
 namespace vz::ImageLoader {
 
@@ -62,17 +62,15 @@ constexpr GifFailureTexts gifPaletteFailure{
     {"loadGif error in read_gif, the file was : ", "loadPaletteGif error"}};
 
 [[noreturn]] void fail(const FailureTexts& texts, const std::string& fileName, const char* reason = nullptr) {
-    logFramed(texts.log + fileName);
-    if (!reason) throw error(texts.exception);
-    throw error(std::string(texts.exception) + " : " + reason + " in " + fileName);
+    if (!reason) fatal(texts.log + fileName, texts.exception);
+    fatal(texts.log + fileName, std::string(texts.exception) + " : " + reason + " in " + fileName);
 }
 
 // Unknown extension: the log text is followed by the file name; the exception has the
 // text without its trailing " :".
 [[noreturn]] void failUnknownExtension(const char* entryPoint, const std::string& fileName) {
     const std::string text = std::string("ImageLoader::") + entryPoint + " : unknow file extention";
-    logFramed(text + " :" + fileName);
-    throw error(text);
+    fatal(text + " :" + fileName, text);
 }
 
 // ---- PCX ----
@@ -237,8 +235,8 @@ std::unique_ptr<Palette> LoadPalette(const std::string& fileName) {
 std::unique_ptr<LayerRle> LoadLayerRle(const std::string& fileName) {
     if (formatOf(fileName) != Format::pcx) {
         // The log line has always spelt the entry point "LoadLayeRle"; the exception does not.
-        logFramed("ImageLoader::LoadLayeRle : we support only pcx files! :" + fileName);
-        throw error("ImageLoader::LoadLayerRle : we support only pcx files!");
+        fatal("ImageLoader::LoadLayeRle : we support only pcx files! :" + fileName,
+              "ImageLoader::LoadLayerRle : we support only pcx files!");
     }
     IndexedPicture picture = loadPcx(fileName, pcxLayerFailure);
     return std::make_unique<LayerRle>(picture.width, picture.height,

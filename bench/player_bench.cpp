@@ -64,7 +64,6 @@ void playSample(benchmark::State& state) {
     const double fps = 50.0;
     for (auto _ : state) {
         fs::current_path(demo);
-        vz::endOfDemo() = false;
         vz::Timer::instance().driveByFrames(fps);
         vz::Options options;
         options.headless = true;

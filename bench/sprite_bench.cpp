@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <random>
 
+#include "core/Layer.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/sprites/SpriteDrawing.hpp"
 #include "effects/sprites/TextDrawing.hpp"
-#include "script/Layer.hpp"
 
 namespace {
 

@@ -3,7 +3,7 @@
 // the cameras and which camera looks. "add name Scene" declares an empty one.
 #include <vector>
 
-#include "script/Resource.hpp"
+#include "core/Resource.hpp"
 
 namespace vz {
 

@@ -8,9 +8,8 @@
 
 namespace vz {
 
+class ComponentContext;
 class Resource;
-class Sequencer;
-class TextParser;
 
 class Component {
 public:
@@ -36,15 +35,15 @@ public:
     virtual const char* getName() const = 0;
     virtual const char* getDescription() const = 0;
     virtual const char* getSyntax() const = 0;
-    // A new component built from the rest of the parser's line, or null.
-    virtual std::unique_ptr<Component> create(Sequencer& sequencer, TextParser& parser) = 0;
+    // A new component built from the rest of the context's script line, or null.
+    virtual std::unique_ptr<Component> create(ComponentContext& context) = 0;
 };
 
-using ComponentBuilder = std::unique_ptr<Component> (*)(Sequencer&, TextParser&);
+using ComponentBuilder = std::unique_ptr<Component> (*)(ComponentContext&);
 
 template <class T>
-std::unique_ptr<Component> buildComponent(Sequencer& sequencer, TextParser& parser) {
-    return std::make_unique<T>(sequencer, parser);
+std::unique_ptr<Component> buildComponent(ComponentContext& context) {
+    return std::make_unique<T>(context);
 }
 
 // The builder a family registered for a keyword, or null when none is built yet.
@@ -57,7 +56,7 @@ struct ComponentRegistration {
 }  // namespace vz
 
 // In a family's .cpp: VZ_COMPONENT("tunnel32bpp", Tunnel32bpp)
-// The class needs a constructor (Sequencer&, TextParser&).
+// The class needs a constructor (ComponentContext&).
 #define VZ_COMPONENT_CAT2(a, b) a##b
 #define VZ_COMPONENT_CAT(a, b) VZ_COMPONENT_CAT2(a, b)
 #define VZ_COMPONENT(keyword, Class)                                                             \

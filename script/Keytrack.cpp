@@ -1,13 +1,15 @@
 #include "script/Keytrack.hpp"
 
+#include "script/ResourceKinds.hpp"
+
 #include <algorithm>
 #include <cmath>
 #include <limits>
 
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 #include "script/TextParser.hpp"
 #include "script/TokenConversions.hpp"
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
 
 namespace vz {
 
@@ -78,10 +80,7 @@ struct Components<SpriteValue> : FloatFields<SpriteValue, 4> {
 // A declared key count beyond this is a damaged file, not an animation.
 constexpr int maxKeyCount = 1000000;
 
-[[noreturn]] void reject(const std::string& message) {
-    logFramed(message);
-    throw error(message);
-}
+[[noreturn]] void reject(const std::string& message) { fatal(message); }
 
 // The time inside the loop [0, period). Equivalent to adding or subtracting the period
 // until the time lies in range, but in constant time, so that a huge time cannot stall
@@ -222,5 +221,20 @@ template class Keytrack<float>;
 template class Keytrack<Vector2>;
 template class Keytrack<Vector3>;
 template class Keytrack<SpriteValue>;
+
+namespace {
+
+template <class T>
+std::unique_ptr<Resource> buildKeytrack(TextParser& parser, Repository&) {
+    return T::load(parser.getTokenCopy());
+}
+
+}  // namespace
+
+VZ_RESOURCE_KIND("KeytrackSprite", buildKeytrack<KeytrackSprite>)
+VZ_RESOURCE_KIND("KeytrackVector3", buildKeytrack<KeytrackVector3>)
+VZ_RESOURCE_KIND("KeytrackVector2", buildKeytrack<KeytrackVector2>)
+VZ_RESOURCE_KIND("KeytrackFloat", buildKeytrack<KeytrackFloat>)
+VZ_RESOURCE_KIND("KeytrackInt", buildKeytrack<KeytrackInt>)
 
 }  // namespace vz

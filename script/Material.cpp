@@ -2,20 +2,20 @@
 
 #include <cstring>
 
-#include "script/Layer.hpp"
-#include "script/Palette.hpp"
+#include "core/Layer.hpp"
+#include "core/Palette.hpp"
+#include "core/logstream.hpp"
 #include "script/Repository.hpp"
+#include "script/ResourceKinds.hpp"
 #include "script/TextParser.hpp"
 #include "script/TokenConversions.hpp"
-#include "shell/logstream.hpp"
 
 namespace vz {
 
 namespace {
 
 // Applies one key whose value is the rest of the parser's line; false for an unknown key.
-bool applyKey(Material& material, const char* key, TextParser& parser) {
-    Repository& repository = Repository::instance();
+bool applyKey(Material& material, const char* key, TextParser& parser, Repository& repository) {
     auto is = [key](const char* text) { return std::strcmp(key, text) == 0; };
     if (is("color"))
         material.color = repository.aquireAs<Color>(parser.getTokenCopy()).value;
@@ -46,15 +46,26 @@ bool applyKey(Material& material, const char* key, TextParser& parser) {
 
 }  // namespace
 
-std::unique_ptr<Material> Material::load(const std::string& fileName) {
+std::unique_ptr<Material> Material::load(const std::string& fileName, Repository& repository) {
     TextParser parser;
     parser.open(fileName);
     auto material = std::make_unique<Material>();
     while (parser.nextLine()) {
         std::string key = parser.getTokenCopy();
-        if (!applyKey(*material, key.c_str(), parser)) logout() << "ResourceMaterial : unknow key " << key << lend;
+        if (!applyKey(*material, key.c_str(), parser, repository))
+            logout() << "ResourceMaterial : unknow key " << key << lend;
     }
     return material;
 }
+
+namespace {
+
+std::unique_ptr<Resource> buildMaterial(TextParser& parser, Repository& repository) {
+    return Material::load(parser.getTokenCopy(), repository);
+}
+
+}  // namespace
+
+VZ_RESOURCE_KIND("Material", buildMaterial)
 
 }  // namespace vz

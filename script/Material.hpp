@@ -6,13 +6,14 @@
 #include <memory>
 #include <string>
 
-#include "script/Resource.hpp"
+#include "core/Resource.hpp"
 
 namespace vz {
 
 class Layer32bpp;
 class Layer8bpp;
 class Palette;
+class Repository;
 
 class Material : public Resource {
 public:
@@ -24,7 +25,7 @@ public:
     // "id" materialId, "rendu" blendMode, "solid" bool, "sprite" (no value: adds 256 to
     // the blend mode, so it must come after "rendu", which overwrites the whole mode).
     // An unknown key is logged and its line skipped; a missing symbol is fatal.
-    static std::unique_ptr<Material> load(const std::string& fileName);
+    static std::unique_ptr<Material> load(const std::string& fileName, Repository& repository);
 
     int rendu = 32;    // blend mode; bit 8 is the sprite flag
     int reserved = 2;  // no key sets it; kept for the renderers with its default

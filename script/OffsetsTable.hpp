@@ -8,7 +8,7 @@
 #include <memory>
 #include <string>
 
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
 
 namespace vz {
 

@@ -1,18 +1,27 @@
 #include "script/Rawdata.hpp"
 
 #include "assets/File.hpp"
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
+#include "script/ResourceKinds.hpp"
+#include "script/TextParser.hpp"
 
 namespace vz {
 
 std::unique_ptr<Rawdata> Rawdata::load(const std::string& fileName) {
     auto data = std::make_unique<Rawdata>();
     if (!readWholeFile(fileName, data->bytes)) {
-        logFramed("Fatal: Rawdata : open failure of " + fileName);
-        throw error("Rawdata : can not open " + fileName);
+        fatal("Fatal: Rawdata : open failure of " + fileName, "Rawdata : can not open " + fileName);
     }
     return data;
 }
+
+namespace {
+
+std::unique_ptr<Resource> buildRawdata(TextParser& parser, Repository&) { return Rawdata::load(parser.getTokenCopy()); }
+
+}  // namespace
+
+VZ_RESOURCE_KIND("Rawdata", buildRawdata)
 
 }  // namespace vz

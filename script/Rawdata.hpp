@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "script/Resource.hpp"
+#include "core/Resource.hpp"
 
 namespace vz {
 

@@ -2,11 +2,11 @@
 
 #include <utility>
 
+#include "core/Palette.hpp"
+#include "core/logstream.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Palette.hpp"
 #include "script/ResourceKinds.hpp"
 #include "script/TextParser.hpp"
-#include "shell/logstream.hpp"
 
 namespace vz {
 
@@ -19,8 +19,7 @@ const char* const constantName = "dummySymbol";
 void checkRoom(const Repository& repository) {
     if (repository.count() < Repository::capacity) return;
     std::string message = "Repository : more than " + std::to_string(Repository::capacity) + " symbols";
-    logFramed(message);
-    throw error(message);
+    fatal(message);
 }
 
 // Reads the literal of an inline "const..." parameter; null when the token is a name.
@@ -43,11 +42,6 @@ std::unique_ptr<Resource> readConstant(const std::string& token, TextParser& par
 }
 
 }  // namespace
-
-Repository& Repository::instance() {
-    static Repository* repository = new Repository();  // lives until the process ends
-    return *repository;
-}
 
 void Repository::append(std::unique_ptr<Symbol> symbol) {
     checkRoom(*this);
@@ -77,13 +71,11 @@ void Repository::load(TextParser& parser) {
     std::string kind = parser.getTokenCopy();
     logout() << count() << " - Key [" << name << "] - Id [" << kind << "]" << lend;
     const ResourceKind* resourceKind = findResourceKind(kind.c_str());
-    if (!resourceKind) {
-        logFramed("unknow ResourceType : " + kind);
-        throw error("unknow ResourceType");
-    }
+    if (!resourceKind) fatal("unknow ResourceType : " + kind, "unknow ResourceType");
+    if (!resourceKind->build) fatal(kind + " : this kind of resource is not available in this version");
     // Refuse before building, so that a full store does not load a file for nothing.
     checkRoom(*this);
-    auto symbol = std::make_unique<Symbol>(resourceKind->build(parser));
+    auto symbol = std::make_unique<Symbol>(resourceKind->build(parser, *this));
     symbol->setName(name);
     append(std::move(symbol));
 }
@@ -112,38 +104,21 @@ Symbol* Repository::aquire(TextParser& parser) {
         symbol->setName(constantName);
         Symbol* result = symbol.get();
         append(std::move(symbol));
-        BorrowScope::note(result->shared());
         return result;
     }
     return aquire(token);
 }
 
 Symbol* Repository::aquire(const std::string& name) {
-    if (Symbol* symbol = find(name)) {
-        BorrowScope::note(symbol->shared());
-        return symbol;
-    }
-    logFramed("Fatal: " + name + " was not found");
-    throw error("Repository::aquire failure");
+    if (Symbol* symbol = find(name)) return symbol;
+    fatal("Fatal: " + name + " was not found", "Repository::aquire failure");
 }
 
 // The same exception as a missing name: the framed log line says what went wrong.
 void Repository::wrongKind(const Symbol& symbol, const char* wanted) {
-    logFramed("Fatal: " + symbol.name() + " is not a " + wanted);
-    throw error("Repository::aquire failure");
+    fatal("Fatal: " + symbol.name() + " is not a " + wanted, "Repository::aquire failure");
 }
 
 void Repository::clear() { symbols_.clear(); }
-
-namespace {
-BorrowScope* innermostScope = nullptr;
-}  // namespace
-
-BorrowScope::BorrowScope() : previous_(innermostScope) { innermostScope = this; }
-BorrowScope::~BorrowScope() { innermostScope = previous_; }
-
-void BorrowScope::note(const std::shared_ptr<Resource>& resource) {
-    if (innermostScope) innermostScope->borrowed_.push_back(resource);
-}
 
 }  // namespace vz

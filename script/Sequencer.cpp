@@ -3,24 +3,21 @@
 #include <algorithm>
 #include <sstream>
 
-#include "script/Repository.hpp"
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
+#include "script/ComponentContext.hpp"
+#include "script/Show.hpp"
 
 namespace vz {
 
-bool& endOfDemo() {
-    static bool flag = false;
-    return flag;
-}
-
-Sequencer::Sequencer(const std::string& scriptName, const ExtraComponents* extra) : Sequencer(scriptName, extra, 0) {}
+Sequencer::Sequencer(const std::string& scriptName, Show& show, const ExtraComponents* extra)
+    : Sequencer(scriptName, show, extra, 0) {}
 
 Sequencer::Sequencer(const std::string& scriptName, const Sequencer& parent)
-    : Sequencer(scriptName, parent.extra_, parent.depth_ + 1) {}
+    : Sequencer(scriptName, parent.show_, parent.extra_, parent.depth_ + 1) {}
 
-Sequencer::Sequencer(const std::string& scriptName, const ExtraComponents* extra, int depth)
-    : scriptName_(scriptName), extra_(extra), depth_(depth) {
+Sequencer::Sequencer(const std::string& scriptName, Show& show, const ExtraComponents* extra, int depth)
+    : scriptName_(scriptName), show_(show), extra_(extra), depth_(depth) {
     // A script that places itself, directly or through others, would nest without end
     // within a single frame.
     if (depth_ > maxNesting) fail(scriptName, "scripts nested more than " + std::to_string(maxNesting) + " deep");
@@ -66,16 +63,16 @@ void Sequencer::read(float t) {
         }
         const std::string keyword = parser_.getTokenCopy();
         if (keyword == "add") {
-            Repository::instance().load(parser_);
+            show_.repository.load(parser_);
         } else if (keyword == "sub") {
-            Repository::instance().sub(parser_.getTokenCopy());
+            show_.repository.sub(parser_.getTokenCopy());
         } else if (keyword == "wait") {
             waitTime_ = parser_.getFloat();
             if (t <= waitTime_) return;  // a wait already past does not stop reading
         } else if (keyword == "waitFrame") {
             return;
         } else if (keyword == "endDemo") {
-            endOfDemo() = true;
+            show_.ended = true;
             return;
         } else {
             if (!current) logout() << lend << scriptName_ << ":" << lend;
@@ -105,21 +102,20 @@ void Sequencer::readEntry(Component* current) {
 
 Component* Sequencer::createComponent(const std::string& keyword) {
     std::unique_ptr<Component> component;
-    BorrowScope borrowed;
+    ComponentContext context(keyword, parser_, show_, *this);
     if (ComponentMaker* maker = factory_.find(keyword)) {
-        component = maker->create(*this, parser_);
+        component = maker->create(context);
     } else if (extra_) {
         for (const ExtraComponent& candidate : *extra_) {
             if (candidate.keyword != keyword) continue;
-            component = candidate.builder(*this, parser_);
+            component = candidate.builder(context);
             break;
         }
     }
     if (!component) {
-        logFramed("unknow Component : " + scriptName_ + "::" + keyword);
-        throw error("unknow Component");
+        fatal("unknow Component : " + scriptName_ + "::" + keyword, "unknow Component");
     }
-    component->keepAlive(borrowed.take());
+    component->keepAlive(context.takeBorrowed());
     components_.push_back(std::move(component));
     return components_.back().get();
 }
@@ -166,8 +162,7 @@ void Sequencer::destroy(Component* component) {
 
 void Sequencer::fail(const std::string& where, const std::string& what) const {
     const std::string message = "Sequencer : " + where + " : " + what;
-    logFramed(message);
-    throw error(message);
+    fatal(message);
 }
 
 }  // namespace vz

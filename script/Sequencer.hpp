@@ -13,9 +13,7 @@
 
 namespace vz {
 
-// Set by "endDemo" in any script, nested ones included; the frame loop tests it before
-// every frame. False at start.
-bool& endOfDemo();
+class Show;
 
 // Keywords outside the catalogue that a sequencer accepts besides its factory's, looked
 // up after them. The player passes none; tests place probe components with them. A
@@ -43,9 +41,10 @@ public:
     static constexpr int maxNesting = 16;  // composites within composites
 
     // Opens the script (a missing file is the parser's fatal error) and registers every
-    // catalogue keyword. `extra` is borrowed and must outlive the sequencer.
-    explicit Sequencer(const std::string& scriptName, const ExtraComponents* extra = nullptr);
-    // A nested sequencer (composites): one level deeper than `parent`, with its extras.
+    // catalogue keyword. `show` and `extra` are borrowed and must outlive the sequencer.
+    Sequencer(const std::string& scriptName, Show& show, const ExtraComponents* extra = nullptr);
+    // A nested sequencer (composites): one level deeper than `parent`, in its show, with
+    // its extras.
     Sequencer(const std::string& scriptName, const Sequencer& parent);
     ~Sequencer();
     Sequencer(const Sequencer&) = delete;
@@ -65,7 +64,7 @@ public:
     float waitTime() const { return waitTime_; }
 
 private:
-    Sequencer(const std::string& scriptName, const ExtraComponents* extra, int depth);
+    Sequencer(const std::string& scriptName, Show& show, const ExtraComponents* extra, int depth);
     void readEntry(Component* current);
     Component* createComponent(const std::string& keyword);
     void skipBlockComment();
@@ -80,6 +79,7 @@ private:
     TextParser parser_;
     float waitTime_ = 0;
     std::string scriptName_;
+    Show& show_;
     const ExtraComponents* extra_;
     int depth_;  // 0 for the show's own script, 1 for a script it nests, ...
     // Every component created and not yet destroyed, entries or not.

@@ -1,7 +1,7 @@
 #include "script/SequencerFactory.hpp"
 
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 
 namespace vz {
 
@@ -34,10 +34,10 @@ void SequencerFactory::writeList(std::ostream& os) const {
     }
 }
 
-std::unique_ptr<Component> CatalogMaker::create(Sequencer& sequencer, TextParser& parser) {
+std::unique_ptr<Component> CatalogMaker::create(ComponentContext& context) {
     ComponentBuilder build = findComponentBuilder(entry_.keyword);
     if (!build) return nullptr;
-    std::unique_ptr<Component> component = build(sequencer, parser);
+    std::unique_ptr<Component> component = build(context);
     if (component) component->setName(entry_.className);
     return component;
 }

@@ -44,7 +44,7 @@ public:
     const char* getName() const override { return entry_.className; }
     const char* getDescription() const override { return entry_.description; }
     const char* getSyntax() const override { return entry_.syntax; }
-    std::unique_ptr<Component> create(Sequencer& sequencer, TextParser& parser) override;
+    std::unique_ptr<Component> create(ComponentContext& context) override;
 
 private:
     const CatalogEntry& entry_;
@@ -61,7 +61,7 @@ public:
     const char* getName() const override { return "Nothing"; }
     const char* getDescription() const override { return "This Component does nothing"; }
     const char* getSyntax() const override { return "No parameter"; }
-    std::unique_ptr<Component> create(Sequencer&, TextParser&) override { return std::make_unique<Nothing>(); }
+    std::unique_ptr<Component> create(ComponentContext&) override { return std::make_unique<Nothing>(); }
 };
 
 // The full keyword listing, as the log shows it, for --list-components.

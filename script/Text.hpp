@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "script/Resource.hpp"
+#include "core/Resource.hpp"
 #include "script/TextParser.hpp"
 
 namespace vz {

@@ -4,8 +4,8 @@
 #include <cstring>
 #include <exception>
 
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 
 namespace vz {
 
@@ -36,8 +36,7 @@ void TextParser::open(const std::string& name) {
     previousLocation_ = locationText();
     if (!file_.open(name)) {
         locationText() = name;
-        logFramed("Fatal: Parser : open failure of " + name);
-        throw error("TextParser can not open file");
+        fatal("Fatal: Parser : open failure of " + name, "TextParser can not open file");
     }
 }
 

@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string>
 
-#include "shell/logstream.hpp"
+#include "core/logstream.hpp"
 
 namespace vz {
 

@@ -2,10 +2,10 @@
 
 #include <cstdint>
 
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 #include "script/TextParser.hpp"
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
 
 namespace vz {
 

@@ -6,19 +6,20 @@
 #include <memory>
 #include <set>
 
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
+#include "core/LayerManager.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 #include "script/Repository.hpp"
 #include "script/Sequencer.hpp"
 #include "script/SequencerFactory.hpp"
+#include "script/Show.hpp"
 #include "script/TextParser.hpp"
 #include "shell/Config.hpp"
-#include "shell/LayerManager.hpp"
 #include "shell/TextOverlay.hpp"
 #include "shell/display/Display.hpp"
 #include "shell/display/PngWriter.hpp"
 #include "shell/display/Timer.hpp"
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
 #include "shell/sound/SoundSystem.hpp"
 
 namespace vz {
@@ -114,14 +115,15 @@ int playDemo(const Options& options, Console& console) {
         // 10. Black surface.
         std::fill_n(memory, static_cast<std::size_t>(surface.width()) * static_cast<std::size_t>(surface.height()), 0u);
         // 11. The timeline script.
-        Sequencer sequencer("main.txt");
+        Show show;
+        Sequencer sequencer("main.txt", show);
         // 12. Scripts refer to the display as "screen".
-        Repository::instance().add(std::move(screenSymbol), "screen");
+        show.repository.add(std::move(screenSymbol), "screen");
         // 13-14. Component listing.
         logout() << lend;
         sequencer.factory().writeList(logout());
         logout() << lend;
-        Layer32bpp& screenLayer = Repository::instance().aquireAs<Layer32bpp>("screen");
+        Layer32bpp& screenLayer = show.repository.aquireAs<Layer32bpp>("screen");
         // 15. The text overlay.
         TextOverlay& overlay = TextOverlay::instance();
         overlay.reset();
@@ -137,7 +139,7 @@ int playDemo(const Options& options, Console& console) {
         FrameOutputs outputs(options);
         bool keyLatch = false;
         for (;;) {
-            if (endOfDemo()) break;
+            if (show.ended) break;
             float t = sound.currentTime();
             if (console.key()) {
                 Key key = console.read();
@@ -175,7 +177,6 @@ int playDemo(const Options& options, Console& console) {
         reportFatal(e.message());
         status = options.headless ? 1 : 0;
     }
-    Repository::instance().clear();
     // 5-6. Sound, then the log.
     if (!config.nosound) sound.close();
     log.close();

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "assets/ImageLoader.hpp"
+#include "core/Layer.hpp"
 #include "effects/sprites/TextDrawing.hpp"
-#include "script/Layer.hpp"
 
 namespace vz {
 

@@ -4,12 +4,12 @@
 #include <iostream>
 
 #include "assets/File.hpp"
+#include "core/error.hpp"
 #include "script/SequencerFactory.hpp"
 #include "shell/CommandLine.hpp"
 #include "shell/Player.hpp"
 #include "shell/display/Display.hpp"
 #include "shell/display/Timer.hpp"
-#include "shell/error.hpp"
 
 namespace fs = std::filesystem;
 

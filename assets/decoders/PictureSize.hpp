@@ -4,18 +4,10 @@
 // fails cleanly instead of asking for gigabytes.
 #include <cstdint>
 
-#include "script/Layer.hpp"
-#include "shell/error.hpp"
+#include "core/Layer.hpp"
 
 namespace vz {
 
-inline bool pictureSizeAccepted(std::int64_t width, std::int64_t height) {
-    try {
-        Layer::checkSize("picture", width, height);
-        return true;
-    } catch (const error&) {
-        return false;
-    }
-}
+inline bool pictureSizeAccepted(std::int64_t width, std::int64_t height) { return Layer::sizeAccepted(width, height); }
 
 }  // namespace vz

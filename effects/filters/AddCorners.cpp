@@ -6,11 +6,11 @@
 #include <algorithm>
 #include <vector>
 
-#include "effects/filters/Parameters.hpp"
+#include "core/Palette.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "script/Component.hpp"
-#include "script/Palette.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -18,9 +18,8 @@ namespace {
 
 class AddCorners32bpp : public Component {
 public:
-    AddCorners32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)), colour_(parameter<Color>(parser)) {
-        const int r = std::clamp(parser.getInt(), 0, std::min(target_.width, target_.height) / 2);
+    AddCorners32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), colour_(in.symbol<Color>()) {
+        const int r = std::clamp(in.integer(), 0, std::min(target_.width, target_.height) / 2);
         // Row j of a corner square (j = 0 at the layer's edge): the pixels i = 0, 1, ...
         // whose centres (r - i - 0.5, r - j - 0.5) from the circle's centre lie beyond r.
         for (int j = 0; j < r; ++j) {

@@ -3,11 +3,10 @@
 // the border included, is copied unchanged.
 #include <cstdlib>
 
-#include "effects/filters/LayerChecks.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -25,15 +24,14 @@ inline int channelDistance(std::uint32_t a, std::uint32_t b) {
 
 class Antialiasing32bpp : public Component {
 public:
-    Antialiasing32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)), source_(parameter<Layer32bpp>(parser)) {
-        requireSameSize("antialiasing32bpp", "source", source_, target_);
-        requireDistinct("antialiasing32bpp", target_, source_);
+    Antialiasing32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()) {
+        in.requireSameSize("source", source_, target_);
+        in.requireDistinct(target_, source_);
     }
 
     void run(float) override {
         const int w = target_.width, h = target_.height;
-        copyRun(target_.pixels, source_.pixels, pixelsOf(target_), renduNormal);
+        copyRun(target_.pixels, source_.pixels, sharedCount(target_), renduNormal);
         constexpr std::uint32_t quarter = 0xFCFCFC, half = 0xFEFEFE;
         for (int y = 1; y < h - 1; ++y) {
             const std::uint32_t* up = source_.row(y - 1);

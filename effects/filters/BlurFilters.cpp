@@ -3,13 +3,12 @@
 #include <vector>
 
 #include "effects/filters/BoxBlur.hpp"
-#include "effects/filters/LayerChecks.hpp"
 #include "effects/filters/NeighbourBlur.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "effects/filters/ScaledDraw.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
 
 namespace vz {
@@ -23,15 +22,15 @@ class BoxBlurFilter : public Component {
 public:
     enum Direction { rows, columns };
 
-    BoxBlurFilter(TextParser& parser, const char* keyword, Direction direction)
-        : target_(parameter<Layer32bpp>(parser)),
-          source_(parameter<Layer32bpp>(parser)),
-          intensity_(parameter<KeytrackInt>(parser)),
+    BoxBlurFilter(ComponentContext& in, Direction direction)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          intensity_(in.symbol<KeytrackInt>()),
           direction_(direction),
           width_(target_.width),
           height_(target_.height) {
-        requireSameSize(keyword, "source", source_, target_);
-        if (&source_ == &target_) sourceCopy_.resize(pixelsOf(target_));
+        in.requireSameSize("source", source_, target_);
+        if (&source_ == &target_) sourceCopy_.resize(sharedCount(target_));
         if (direction == columns) columnSums_.resize(3 * static_cast<std::size_t>(width_));
     }
 
@@ -39,7 +38,7 @@ public:
         radius_ = intensity_.sample(t);
         const int n = boxBlurRadius(radius_, direction_ == rows ? width_ : height_);
         if (n == 0) {
-            copyRun(target_.pixels, source_.pixels, pixelsOf(target_), renduNormal);
+            copyRun(target_.pixels, source_.pixels, sharedCount(target_), renduNormal);
             return;
         }
         table_.build(n);  // on every run, as the radius may change from frame to frame
@@ -69,20 +68,19 @@ private:
 
 class HblurFilter32bpp : public BoxBlurFilter {
 public:
-    HblurFilter32bpp(Sequencer&, TextParser& parser) : BoxBlurFilter(parser, "hBlurFilter32bpp", rows) {}
+    HblurFilter32bpp(ComponentContext& in) : BoxBlurFilter(in, rows) {}
 };
 
 class VblurFilter32bpp : public BoxBlurFilter {
 public:
-    VblurFilter32bpp(Sequencer&, TextParser& parser) : BoxBlurFilter(parser, "vBlurFilter32bpp", columns) {}
+    VblurFilter32bpp(ComponentContext& in) : BoxBlurFilter(in, columns) {}
 };
 
 class KernelBlurFilter32bpp : public Component {
 public:
-    KernelBlurFilter32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)), source_(parameter<Layer32bpp>(parser)) {
-        requireSameSize("kernelBlurFilter32bpp", "source", source_, target_);
-        requireDistinct("kernelBlurFilter32bpp", target_, source_);
+    KernelBlurFilter32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()) {
+        in.requireSameSize("source", source_, target_);
+        in.requireDistinct(target_, source_);
     }
 
     void run(float) override { fourNeighbourBlur(target_.pixels, source_.pixels, target_.width, target_.height); }
@@ -97,14 +95,12 @@ private:
 // pixel of the copy is drawn, black included.
 class Zoom32bpp : public Component {
 public:
-    Zoom32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          zoom_(parameter<KeytrackFloat>(parser)),
-          rendu_(parameter<KeytrackInt>(parser)) {}
+    Zoom32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), zoom_(in.symbol<KeytrackFloat>()), rendu_(in.symbol<KeytrackInt>()) {}
 
     void run(float t) override {
         auto copy = std::make_unique<Layer32bpp>(target_.width, target_.height);
-        copyRun(copy->pixels, target_.pixels, pixelsOf(target_), renduNormal);
+        copyRun(copy->pixels, target_.pixels, sharedCount(target_), renduNormal);
         const int rendu = clampRendu(rendu_.sample(t));
         const float z = zoom_.sample(t);
         drawScaled(target_, *copy, 0.0f, 0.0f, z, z, rendu);
@@ -122,14 +118,14 @@ private:
 // 1 leaves the target uncovered, the old picture stays.
 class ZoomBlur32bpp : public Component {
 public:
-    ZoomBlur32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          position_(parameter<KeytrackVector2>(parser)),
-          zoom_(parameter<KeytrackFloat>(parser)),
+    ZoomBlur32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          position_(in.symbol<KeytrackVector2>()),
+          zoom_(in.symbol<KeytrackFloat>()),
           blurred_(target_.width, target_.height) {}
 
     void run(float t) override {
-        copyRun(blurred_.pixels, target_.pixels, pixelsOf(target_), renduNormal);
+        copyRun(blurred_.pixels, target_.pixels, sharedCount(target_), renduNormal);
         fourNeighbourBlur(blurred_.pixels, target_.pixels, target_.width, target_.height);
         const Vector2 at = position_.sample(t);
         const float z = zoom_.sample(t);

@@ -4,10 +4,9 @@
 #include <array>
 #include <cmath>
 
-#include "effects/filters/LayerChecks.hpp"
 #include "effects/filters/Noise.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
 #include "script/RandomSeed.hpp"
 
@@ -17,15 +16,15 @@ namespace {
 
 class FuzzifyFilter32bpp : public Component {
 public:
-    FuzzifyFilter32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          source_(parameter<Layer32bpp>(parser)),
-          min_(parameter<KeytrackFloat>(parser)),
-          max_(parameter<KeytrackFloat>(parser)),
+    FuzzifyFilter32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          min_(in.symbol<KeytrackFloat>()),
+          max_(in.symbol<KeytrackFloat>()),
           generator_(takeRandomSeed()),
           noise_(makeNoiseTable(generator_)) {
-        requireSameSize("fuzzifyFilter32bpp", "source", source_, target_);
-        requireDistinct("fuzzifyFilter32bpp", target_, source_);
+        in.requireSameSize("source", source_, target_);
+        in.requireDistinct(target_, source_);
     }
 
     void run(float t) override {

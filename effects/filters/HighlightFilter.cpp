@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "effects/filters/Parameters.hpp"
 #include "effects/filters/ScaledDraw.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
 
 namespace vz {
@@ -20,10 +20,8 @@ constexpr std::size_t maxStars = 1024;
 
 class HighlightFilter32bpp : public Component {
 public:
-    HighlightFilter32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          star_(parameter<Layer32bpp>(parser)),
-          rendu_(parameter<KeytrackInt>(parser)) {
+    HighlightFilter32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), star_(in.symbol<Layer32bpp>()), rendu_(in.symbol<KeytrackInt>()) {
         hits_.reserve(maxStars);
     }
 

@@ -6,11 +6,10 @@
 #include <algorithm>
 #include <vector>
 
-#include "effects/filters/LayerChecks.hpp"
 #include "effects/filters/Noise.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "effects/filters/TowardsCentre.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
 #include "script/RandomSeed.hpp"
 
@@ -23,18 +22,18 @@ constexpr int speeds = 16;
 class ParticleBlurFilter32bpp : public Component {
 public:
     // trackIntensity 0-256: 256 pulls the fastest particles' samples to the centre.
-    ParticleBlurFilter32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          source_(parameter<Layer32bpp>(parser)),
-          intensity_(parameter<KeytrackInt>(parser)),
+    ParticleBlurFilter32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          intensity_(in.symbol<KeytrackInt>()),
           noise_([] {
               NoiseGenerator generator(takeRandomSeed());
               return makeNoiseTable(generator);
           }()),
           columns_(speeds * static_cast<std::size_t>(target_.width)),
           rows_(speeds * static_cast<std::size_t>(target_.height)) {
-        requireSameSize("particleBlurFilter32bpp", "source", source_, target_);
-        requireDistinct("particleBlurFilter32bpp", target_, source_);
+        in.requireSameSize("source", source_, target_);
+        in.requireDistinct(target_, source_);
     }
 
     void run(float t) override {

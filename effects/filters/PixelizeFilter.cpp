@@ -4,9 +4,8 @@
 // Black areas of the pattern keep the image sharp, white areas show 8x8 blocks.
 #include <vector>
 
-#include "effects/filters/LayerChecks.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -16,13 +15,11 @@ constexpr int blockSizes = 8;
 
 class PixelizeFilter32bpp : public Component {
 public:
-    PixelizeFilter32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          image_(parameter<Layer32bpp>(parser)),
-          pattern_(parameter<Layer8bpp>(parser)) {
-        requireSameSize("pixelizeFilter32bpp", "image", image_, target_);
-        requireSameSize("pixelizeFilter32bpp", "pattern", pattern_, target_);
-        requireDistinct("pixelizeFilter32bpp", target_, image_);
+    PixelizeFilter32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), image_(in.symbol<Layer32bpp>()), pattern_(in.symbol<Layer8bpp>()) {
+        in.requireSameSize("image", image_, target_);
+        in.requireSameSize("pattern", pattern_, target_);
+        in.requireDistinct(target_, image_);
         // blockStartX_[b * width + x] = x - x % (b + 1): the tables replace the divisions.
         const int w = target_.width, h = target_.height;
         blockStartX_.resize(static_cast<std::size_t>(blockSizes) * w);

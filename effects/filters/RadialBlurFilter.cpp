@@ -5,10 +5,10 @@
 #include <cmath>
 #include <vector>
 
-#include "effects/filters/Parameters.hpp"
 #include "effects/filters/TowardsCentre.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
 
 namespace vz {
@@ -26,11 +26,11 @@ class RadialBlurFilter32bpp : public Component {
 public:
     // intensity 0-256: how far towards the centre the sample lies, in 256ths of the
     // distance; smoothness 0-32: the sample's weight in 32nds (32 replaces the pixel).
-    RadialBlurFilter32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          position_(parameter<KeytrackVector2>(parser)),
-          intensity_(parameter<KeytrackInt>(parser)),
-          smoothness_(parameter<KeytrackInt>(parser)),
+    RadialBlurFilter32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          position_(in.symbol<KeytrackVector2>()),
+          intensity_(in.symbol<KeytrackInt>()),
+          smoothness_(in.symbol<KeytrackInt>()),
           inwardX_(target_.width),
           inwardY_(target_.height) {}
 

@@ -2,11 +2,11 @@
 // the four quarters. A last odd column or row is left as it was.
 #include <memory>
 
-#include "effects/filters/Parameters.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "effects/rendu/ScaleDown.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -14,7 +14,7 @@ namespace {
 
 class ScaleDownQuad32bpp : public Component {
 public:
-    ScaleDownQuad32bpp(Sequencer&, TextParser& parser) : target_(parameter<Layer32bpp>(parser)) {
+    ScaleDownQuad32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()) {
         // A layer narrower or lower than 2 pixels has no quarter to draw.
         if (target_.width >= 2 && target_.height >= 2)
             quarter_ = std::make_unique<Layer32bpp>(target_.width / 2, target_.height / 2);

@@ -4,7 +4,7 @@
 // filters such as the zoom place their pictures exactly as sprites are placed.
 #include <cstdint>
 
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
 
 namespace vz {
 

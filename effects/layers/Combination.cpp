@@ -1,7 +1,7 @@
 // An 8-bit picture lit by an 8-bit light map through a colour look-up table.
-#include "effects/layers/ComponentParams.hpp"
 #include "effects/palettes/Lut.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -9,11 +9,11 @@ namespace vz {
 // map or target smaller than the image stops the run at its end.
 class Combination32bpp : public Component {
 public:
-    Combination32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          image_(resourceParam<Layer8bpp>(parser)),
-          light_(resourceParam<Layer8bpp>(parser)),
-          lut_(lutParam(parser, "combination32bpp")) {}
+    Combination32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          image_(in.symbol<Layer8bpp>()),
+          light_(in.symbol<Layer8bpp>()),
+          lut_(lutParam(in)) {}
 
     void run(float) override {
         std::uint32_t* out = target_.pixels;

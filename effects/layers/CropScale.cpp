@@ -1,8 +1,9 @@
 // A window of a layer copied into a smaller one, and a layer halved in both directions.
-#include "effects/layers/ComponentParams.hpp"
+#include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/LayerRect.hpp"
 #include "effects/rendu/ScaleDown.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -12,12 +13,9 @@ namespace vz {
 // left as they are.
 class Crop32bpp : public Component {
 public:
-    Crop32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          source_(resourceParam<Layer32bpp>(parser)),
-          posX_(parser.getInt()),
-          posY_(parser.getInt()) {
-        requireDistinct(target_, source_, "crop");
+    Crop32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()), posX_(in.integer()), posY_(in.integer()) {
+        in.requireDistinct(target_, source_);
     }
 
     void run(float) override {
@@ -37,8 +35,7 @@ private:
 // width; rows beyond the target's memory are not written.
 class ScaleDown32bpp : public Component {
 public:
-    ScaleDown32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)), source_(resourceParam<Layer32bpp>(parser)) {}
+    ScaleDown32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()) {}
 
     void run(float) override { scaleDown(target_, source_); }
 

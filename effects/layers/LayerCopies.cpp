@@ -1,19 +1,19 @@
 // Whole-layer copies. Layers of different shapes are combined as flat runs of the
 // shorter pixel count, not as clipped rectangles: a narrower source shears across the
 // target's rows. Every run also stops at the end of the maps it reads.
-#include "effects/layers/ComponentParams.hpp"
+#include "core/Palette.hpp"
 #include "effects/rendu/BulkKernels.hpp"
+#include "effects/rendu/RenduTrack.hpp"
 #include "script/Component.hpp"
-#include "script/Palette.hpp"
+#include "script/ComponentContext.hpp"
+#include "script/Keytrack.hpp"
 
 namespace vz {
 
 class CopyLayer32bpp : public Component {
 public:
-    CopyLayer32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          source_(resourceParam<Layer32bpp>(parser)),
-          rendu_(resourceParam<KeytrackInt>(parser)) {}
+    CopyLayer32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()), rendu_(in.symbol<KeytrackInt>()) {}
 
     void run(float localTime) override {
         copyRun(target_.pixels, source_.pixels, sharedCount(target_, source_), sampleRendu(rendu_, localTime));
@@ -27,10 +27,8 @@ private:
 
 class CopyLayerAlphamap32bpp : public Component {
 public:
-    CopyLayerAlphamap32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          source_(resourceParam<Layer32bpp>(parser)),
-          alpha_(resourceParam<Layer8bpp>(parser)) {}
+    CopyLayerAlphamap32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()), alpha_(in.symbol<Layer8bpp>()) {}
 
     void run(float) override {
         copyRunAlphaMap(target_.pixels, source_.pixels, alpha_.pixels, sharedCount(target_, source_, alpha_));
@@ -44,8 +42,8 @@ private:
 
 class CopyLayerAlphachanel32bpp : public Component {
 public:
-    CopyLayerAlphachanel32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)), source_(resourceParam<Layer32bpp>(parser)) {}
+    CopyLayerAlphachanel32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()) {}
 
     void run(float) override { copyRunSourceAlpha(target_.pixels, source_.pixels, sharedCount(target_, source_)); }
 
@@ -58,8 +56,7 @@ private:
 // pixel the 8-bit layer reaches.
 class CopyAlphachannel32bpp : public Component {
 public:
-    CopyAlphachannel32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)), alpha_(resourceParam<Layer8bpp>(parser)) {}
+    CopyAlphachannel32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), alpha_(in.symbol<Layer8bpp>()) {}
 
     void run(float) override {
         std::uint32_t* pixel = target_.pixels;
@@ -75,10 +72,8 @@ private:
 
 class CopyBitmapLayer32bpp : public Component {
 public:
-    CopyBitmapLayer32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          source_(resourceParam<Layer8bpp>(parser)),
-          palette_(resourceParam<Palette>(parser)) {}
+    CopyBitmapLayer32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer8bpp>()), palette_(in.symbol<Palette>()) {}
 
     void run(float) override {
         copyRunPalette(target_.pixels, source_.pixels, palette_.colors.data(), sharedCount(target_, source_));
@@ -92,8 +87,7 @@ private:
 
 class CopyLayer8bpp : public Component {
 public:
-    CopyLayer8bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer8bpp>(parser)), source_(resourceParam<Layer8bpp>(parser)) {}
+    CopyLayer8bpp(ComponentContext& in) : target_(in.symbol<Layer8bpp>()), source_(in.symbol<Layer8bpp>()) {}
 
     void run(float) override { copyRun8(target_.pixels, source_.pixels, sharedCount(target_, source_)); }
 

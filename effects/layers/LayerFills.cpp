@@ -1,20 +1,20 @@
 // Components that fill a whole layer: with a colour, through an alpha map, with a fade
 // between two colours, row by row (fadeLayer32bpp), and the alpha byte alone.
-#include "effects/layers/ComponentParams.hpp"
+#include "core/Palette.hpp"
 #include "effects/palettes/ColourMix.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "effects/rendu/LayerRect.hpp"
+#include "effects/rendu/RenduTrack.hpp"
 #include "script/Component.hpp"
-#include "script/Palette.hpp"
+#include "script/ComponentContext.hpp"
+#include "script/Keytrack.hpp"
 
 namespace vz {
 
 class FillColor32bpp : public Component {
 public:
-    FillColor32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          background_(resourceParam<Color>(parser)),
-          rendu_(resourceParam<KeytrackInt>(parser)) {}
+    FillColor32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), background_(in.symbol<Color>()), rendu_(in.symbol<KeytrackInt>()) {}
 
     void run(float localTime) override {
         fillRun(target_.pixels, background_.value, sharedCount(target_), sampleRendu(rendu_, localTime));
@@ -28,10 +28,8 @@ private:
 
 class FillColorAlphamap32bpp : public Component {
 public:
-    FillColorAlphamap32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          background_(resourceParam<Color>(parser)),
-          alpha_(resourceParam<Layer8bpp>(parser)) {}
+    FillColorAlphamap32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), background_(in.symbol<Color>()), alpha_(in.symbol<Layer8bpp>()) {}
 
     // The map is read for as many pixels as the target has; a smaller map stops the fill
     // at its own end.
@@ -47,8 +45,7 @@ private:
 
 class FillColor8bpp : public Component {
 public:
-    FillColor8bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer8bpp>(parser)), value_(byteParam(parser)) {}
+    FillColor8bpp(ComponentContext& in) : target_(in.symbol<Layer8bpp>()), value_(in.byte()) {}
 
     void run(float) override { fillRun8(target_.pixels, value_, sharedCount(target_)); }
 
@@ -61,11 +58,11 @@ private:
 // then holds the foreground. Before time 0 the factor goes below 0 (no lower limit).
 class FadeColors32bpp : public Component {
 public:
-    FadeColors32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          background_(resourceParam<Color>(parser)),
-          foreground_(resourceParam<Color>(parser)),
-          rendu_(resourceParam<KeytrackInt>(parser)) {}
+    FadeColors32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          background_(in.symbol<Color>()),
+          foreground_(in.symbol<Color>()),
+          rendu_(in.symbol<KeytrackInt>()) {}
 
     void run(float localTime) override {
         const float factor = std::min(localTime, 1.0f);
@@ -86,8 +83,7 @@ private:
 // right edge like every clipped fill. After that the whole layer takes the colour.
 class FadeLayer32bpp : public Component {
 public:
-    FadeLayer32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)), foreground_(resourceParam<Color>(parser)) {}
+    FadeLayer32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), foreground_(in.symbol<Color>()) {}
 
     void run(float localTime) override {
         if (!(localTime <= 1.0f)) {  // not a number counts as late
@@ -107,8 +103,8 @@ private:
 
 class FillAlphachannel32bpp : public Component {
 public:
-    FillAlphachannel32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)), alpha_(std::uint32_t{byteParam(parser)} << 24) {}
+    FillAlphachannel32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), alpha_(std::uint32_t{in.byte()} << 24) {}
 
     void run(float) override {
         std::uint32_t* pixel = target_.pixels;

@@ -3,8 +3,8 @@
 // with its top-left corner at (x0, y0), repeated right and down to the target's edges.
 #include <cstdint>
 
-#include "script/Layer.hpp"
-#include "script/Palette.hpp"
+#include "core/Layer.hpp"
+#include "core/Palette.hpp"
 
 namespace vz {
 

@@ -2,31 +2,25 @@
 // scrolled by two offset tracks with wrap-around.
 #include <string>
 
-#include "effects/layers/ComponentParams.hpp"
 #include "effects/layers/RandomStep.hpp"
 #include "effects/layers/Tiling.hpp"
+#include "effects/rendu/RenduTrack.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
+#include "script/Keytrack.hpp"
 
 namespace vz {
 
 namespace {
 
-// A maximum offset: amplitudes beyond a layer's largest side only move whole tiles out
-// of sight and would overflow the generator's arithmetic, so they are refused.
-int maxOffsetParam(TextParser& parser, const char* keyword, const char* name) {
-    const int value = parser.getInt();
-    if (value < 0 || value > Layer::maxSide)
-        componentError(std::string(keyword) + " : " + name + " " + std::to_string(value) + " is not within 0 to " +
-                       std::to_string(Layer::maxSide));
-    return value;
-}
-
 // The two generators of one component, the X axis taking its seed first.
 struct RandomOffsets {
-    RandomOffsets(TextParser& parser, const char* keyword)
-        : maxX(maxOffsetParam(parser, keyword, "maxOffsetX")),
-          maxY(maxOffsetParam(parser, keyword, "maxOffsetY")),
-          fps(parser.getInt()),
+    RandomOffsets(ComponentContext& in)
+        // Amplitudes beyond a layer's largest side only move whole tiles out of sight and
+        // would overflow the generator's arithmetic, so they are refused.
+        : maxX(in.integerWithin("maxOffsetX", 0, Layer::maxSide)),
+          maxY(in.integerWithin("maxOffsetY", 0, Layer::maxSide)),
+          fps(in.integer()),
           x(maxX, fps),
           y(maxY, fps) {}
     int maxX, maxY, fps;
@@ -41,12 +35,12 @@ int wrappedOffset(KeytrackInt& track, float localTime, int size) { return track.
 
 class CopyLayerRandomOffset32bpp : public Component {
 public:
-    CopyLayerRandomOffset32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          source_(resourceParam<Layer32bpp>(parser)),
-          offsets_(parser, "copyLayerRandomOffset32bpp"),
-          rendu_(resourceParam<KeytrackInt>(parser)) {
-        requireDistinct(target_, source_, "copyLayerRandomOffset32bpp");
+    CopyLayerRandomOffset32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          offsets_(in),
+          rendu_(in.symbol<KeytrackInt>()) {
+        in.requireDistinct(target_, source_);
     }
 
     void run(float localTime) override {
@@ -64,11 +58,11 @@ private:
 
 class CopyBitmapLayerRandomOffset32bpp : public Component {
 public:
-    CopyBitmapLayerRandomOffset32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          source_(resourceParam<Layer8bpp>(parser)),
-          palette_(resourceParam<Palette>(parser)),
-          offsets_(parser, "copyBitmapLayerRandomOffset32bpp") {}
+    CopyBitmapLayerRandomOffset32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer8bpp>()),
+          palette_(in.symbol<Palette>()),
+          offsets_(in) {}
 
     void run(float localTime) override {
         const int ox = static_cast<int>(offsets_.x.at(localTime));
@@ -85,13 +79,13 @@ private:
 
 class CopyLayerWrapAround32bpp : public Component {
 public:
-    CopyLayerWrapAround32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          source_(resourceParam<Layer32bpp>(parser)),
-          offsetX_(resourceParam<KeytrackInt>(parser)),
-          offsetY_(resourceParam<KeytrackInt>(parser)),
-          rendu_(resourceParam<KeytrackInt>(parser)) {
-        requireDistinct(target_, source_, "copyLayerWrapAround32bpp");
+    CopyLayerWrapAround32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          offsetX_(in.symbol<KeytrackInt>()),
+          offsetY_(in.symbol<KeytrackInt>()),
+          rendu_(in.symbol<KeytrackInt>()) {
+        in.requireDistinct(target_, source_);
     }
 
     void run(float localTime) override {
@@ -110,12 +104,12 @@ private:
 
 class CopyBitmapLayerWrapAround32bpp : public Component {
 public:
-    CopyBitmapLayerWrapAround32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          source_(resourceParam<Layer8bpp>(parser)),
-          palette_(resourceParam<Palette>(parser)),
-          offsetX_(resourceParam<KeytrackInt>(parser)),
-          offsetY_(resourceParam<KeytrackInt>(parser)) {}
+    CopyBitmapLayerWrapAround32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer8bpp>()),
+          palette_(in.symbol<Palette>()),
+          offsetX_(in.symbol<KeytrackInt>()),
+          offsetY_(in.symbol<KeytrackInt>()) {}
 
     void run(float localTime) override {
         const int ox = wrappedOffset(offsetX_, localTime, source_.width);

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <string>
 
-#include "effects/layers/ComponentParams.hpp"
+#include "core/Palette.hpp"
 #include "effects/rendu/BulkKernels.hpp"
+#include "effects/rendu/RenduTrack.hpp"
 #include "script/Component.hpp"
-#include "script/Palette.hpp"
+#include "script/ComponentContext.hpp"
+#include "script/Keytrack.hpp"
 
 namespace vz {
 
@@ -32,25 +34,14 @@ void playFrame(Layer32bpp& target, const Layer8bpp& image, const std::uint32_t* 
     copyRunPalette(target.pixels, image.pixels + strip.frameStart(trackValue), palette, strip.countFor(target));
 }
 
-namespace {
-
-int numFramesParam(TextParser& parser, const char* keyword) {
-    const int frames = parser.getInt();
-    if (frames < 1)
-        componentError(std::string(keyword) + " : numFrames must be at least 1, not " + std::to_string(frames));
-    return frames;
-}
-
-}  // namespace
-
 class PlayVideo32bpp : public Component {
 public:
-    PlayVideo32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          image_(resourceParam<Layer32bpp>(parser)),
-          strip_(image_, numFramesParam(parser, "playVideo32bpp")),
-          frame_(resourceParam<KeytrackInt>(parser)),
-          rendu_(resourceParam<KeytrackInt>(parser)) {}
+    PlayVideo32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          image_(in.symbol<Layer32bpp>()),
+          strip_(image_, in.integerWithin("numFrames", 1, Layer::maxSide)),
+          frame_(in.symbol<KeytrackInt>()),
+          rendu_(in.symbol<KeytrackInt>()) {}
 
     void run(float localTime) override {
         playFrame(target_, image_, strip_, frame_.sample(localTime), sampleRendu(rendu_, localTime));
@@ -66,12 +57,12 @@ private:
 
 class PlayBitmapVideo32bpp : public Component {
 public:
-    PlayBitmapVideo32bpp(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Layer32bpp>(parser)),
-          image_(resourceParam<Layer8bpp>(parser)),
-          palette_(resourceParam<Palette>(parser)),
-          strip_(image_, numFramesParam(parser, "playBitmapVideo32bpp")),
-          frame_(resourceParam<KeytrackInt>(parser)) {}
+    PlayBitmapVideo32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          image_(in.symbol<Layer8bpp>()),
+          palette_(in.symbol<Palette>()),
+          strip_(image_, in.integerWithin("numFrames", 1, Layer::maxSide)),
+          frame_(in.symbol<KeytrackInt>()) {}
 
     void run(float localTime) override {
         playFrame(target_, image_, palette_.colors.data(), strip_, frame_.sample(localTime));

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
 
 namespace vz {
 

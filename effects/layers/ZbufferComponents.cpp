@@ -1,8 +1,9 @@
 // Keeping the depth buffer of the 3D renderers fresh, and fog drawn from it.
-#include "effects/layers/ComponentParams.hpp"
+#include "core/Palette.hpp"
+#include "core/Zbuffer.hpp"
+#include "effects/rendu/BlendOperators.hpp"
 #include "script/Component.hpp"
-#include "script/Palette.hpp"
-#include "script/Zbuffer.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -10,7 +11,7 @@ namespace vz {
 // 128 runs.
 class UpdateZbuffer : public Component {
 public:
-    UpdateZbuffer(Sequencer&, TextParser& parser) : zbuffer_(resourceParam<Zbuffer>(parser)) {}
+    UpdateZbuffer(ComponentContext& in) : zbuffer_(in.symbol<Zbuffer>()) {}
 
     void run(float) override { zbuffer_.advanceStamp(); }
 
@@ -24,11 +25,11 @@ private:
 // use it. Screen pixels beyond the z-buffer's own are left as they are.
 class FogZbuffer32bpp : public Component {
 public:
-    FogZbuffer32bpp(Sequencer&, TextParser& parser)
-        : screen_(resourceParam<Layer32bpp>(parser)),
-          source_(resourceParam<Layer32bpp>(parser)),
-          zbuffer_(resourceParam<Zbuffer>(parser)),
-          fog_(resourceParam<Color>(parser)) {}
+    FogZbuffer32bpp(ComponentContext& in)
+        : screen_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          zbuffer_(in.symbol<Zbuffer>()),
+          fog_(in.symbol<Color>()) {}
 
     void run(float) override {
         std::uint32_t* pixel = screen_.pixels;

@@ -2,10 +2,10 @@
 // read; their runs do nothing. Every table entry is written with a zero alpha byte.
 #include <cmath>
 
-#include "effects/layers/ComponentParams.hpp"
+#include "core/Palette.hpp"
 #include "effects/palettes/Lut.hpp"
 #include "script/Component.hpp"
-#include "script/Palette.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -41,11 +41,11 @@ class ShadingLut : public Component {
 public:
     // Column p runs from the dark colour (row 0) to palette colour p (row 128), then on
     // toward the light colour, row 255 being one step short of it.
-    ShadingLut(Sequencer&, TextParser& parser) {
-        std::uint32_t* lut = lutParam(parser, "shadingLut").pixels;
-        const Palette& palette = resourceParam<Palette>(parser);
-        const std::uint32_t dark = resourceParam<Color>(parser).value;
-        const std::uint32_t light = resourceParam<Color>(parser).value;
+    ShadingLut(ComponentContext& in) {
+        std::uint32_t* lut = lutParam(in).pixels;
+        const Palette& palette = in.symbol<Palette>();
+        const std::uint32_t dark = in.symbol<Color>().value;
+        const std::uint32_t light = in.symbol<Color>().value;
         for (int p = 0; p < 256; ++p) {
             ChannelRamp ramp;
             ramp.startAt(dark);
@@ -64,10 +64,10 @@ public:
 // is not scaled back by 255, so two whites give 1).
 class ShadingLutPalette : public Component {
 public:
-    ShadingLutPalette(Sequencer&, TextParser& parser) {
-        std::uint32_t* lut = lutParam(parser, "shadingLutPalette").pixels;
-        const Palette& dark = resourceParam<Palette>(parser);
-        const Palette& light = resourceParam<Palette>(parser);
+    ShadingLutPalette(ComponentContext& in) {
+        std::uint32_t* lut = lutParam(in).pixels;
+        const Palette& dark = in.symbol<Palette>();
+        const Palette& light = in.symbol<Palette>();
         for (int a = 0; a < 256; ++a) {
             for (int b = 0; b < 256; ++b) {
                 std::uint32_t entry = 0;
@@ -84,10 +84,10 @@ public:
 // row, row 255 being one step short of it.
 class AlphaLut : public Component {
 public:
-    AlphaLut(Sequencer&, TextParser& parser) {
-        std::uint32_t* lut = lutParam(parser, "alphaLut").pixels;
-        const Palette& first = resourceParam<Palette>(parser);
-        const Palette& second = resourceParam<Palette>(parser);
+    AlphaLut(ComponentContext& in) {
+        std::uint32_t* lut = lutParam(in).pixels;
+        const Palette& first = in.symbol<Palette>();
+        const Palette& second = in.symbol<Palette>();
         for (int p = 0; p < 256; ++p) {
             ChannelRamp ramp;
             ramp.startAt(first.colors[p]);

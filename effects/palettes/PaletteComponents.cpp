@@ -1,10 +1,11 @@
 // Components that change a palette (or one colour) every frame.
 #include <array>
 
-#include "effects/layers/ComponentParams.hpp"
+#include "core/Palette.hpp"
 #include "effects/palettes/ColourMix.hpp"
 #include "script/Component.hpp"
-#include "script/Palette.hpp"
+#include "script/ComponentContext.hpp"
+#include "script/Keytrack.hpp"
 
 namespace vz {
 
@@ -21,11 +22,11 @@ std::uint32_t blendWithAlphaOfFrom(std::uint32_t from, std::uint32_t to, float f
 
 class BlendColor : public Component {
 public:
-    BlendColor(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Color>(parser)),
-          background_(resourceParam<Color>(parser)),
-          foreground_(resourceParam<Color>(parser)),
-          factor_(resourceParam<KeytrackFloat>(parser)) {}
+    BlendColor(ComponentContext& in)
+        : target_(in.symbol<Color>()),
+          background_(in.symbol<Color>()),
+          foreground_(in.symbol<Color>()),
+          factor_(in.symbol<KeytrackFloat>()) {}
 
     void run(float localTime) override {
         target_.value = blendWithAlphaOfFrom(background_.value, foreground_.value, factor_.sample(localTime));
@@ -40,11 +41,11 @@ private:
 
 class BlendPalette : public Component {
 public:
-    BlendPalette(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Palette>(parser)),
-          background_(resourceParam<Palette>(parser)),
-          foreground_(resourceParam<Palette>(parser)),
-          factor_(resourceParam<KeytrackFloat>(parser)) {}
+    BlendPalette(ComponentContext& in)
+        : target_(in.symbol<Palette>()),
+          background_(in.symbol<Palette>()),
+          foreground_(in.symbol<Palette>()),
+          factor_(in.symbol<KeytrackFloat>()) {}
 
     void run(float localTime) override {
         const float factor = factor_.sample(localTime);
@@ -65,10 +66,8 @@ private:
 // from a copy, so a palette rotated into itself gives the same result.
 class RotatePalette : public Component {
 public:
-    RotatePalette(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Palette>(parser)),
-          source_(resourceParam<Palette>(parser)),
-          shift_(resourceParam<KeytrackInt>(parser)) {}
+    RotatePalette(ComponentContext& in)
+        : target_(in.symbol<Palette>()), source_(in.symbol<Palette>()), shift_(in.symbol<KeytrackInt>()) {}
 
     void run(float localTime) override {
         const int k = shift_.sample(localTime) & 255;
@@ -85,8 +84,7 @@ private:
 
 class SetPaletteAlpha : public Component {
 public:
-    SetPaletteAlpha(Sequencer&, TextParser& parser)
-        : target_(resourceParam<Palette>(parser)), alpha_(byteParam(parser)) {}
+    SetPaletteAlpha(ComponentContext& in) : target_(in.symbol<Palette>()), alpha_(in.byte()) {}
 
     void run(float) override { target_.setAlpha(alpha_); }
 
@@ -97,7 +95,7 @@ private:
 
 class SetPaletteAlphagradient : public Component {
 public:
-    SetPaletteAlphagradient(Sequencer&, TextParser& parser) : target_(resourceParam<Palette>(parser)) {}
+    SetPaletteAlphagradient(ComponentContext& in) : target_(in.symbol<Palette>()) {}
 
     void run(float) override { target_.setAlphaGradient(); }
 

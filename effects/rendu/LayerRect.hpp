@@ -2,7 +2,7 @@
 // Rectangles drawn into a layer at the layer's own position (posX, posY).
 #include <cstdint>
 
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
 
 namespace vz {
 

@@ -1,6 +1,6 @@
 #pragma once
 // Halving a layer: every 2x2 block of the source becomes one target pixel.
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
 
 namespace vz {
 

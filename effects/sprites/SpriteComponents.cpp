@@ -2,14 +2,13 @@
 // map, through their own alpha byte, and 8-bit through a palette.
 #include <string>
 
+#include "core/Layer.hpp"
+#include "core/Palette.hpp"
+#include "core/error.hpp"
 #include "effects/sprites/KeyframedSprite.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Layer.hpp"
-#include "script/Palette.hpp"
-#include "script/Repository.hpp"
-#include "script/TextParser.hpp"
-#include "shell/error.hpp"
 
 namespace vz {
 
@@ -21,17 +20,15 @@ inline void alphaPixel(std::uint32_t alpha, std::uint32_t s, std::uint32_t& d) {
     d = alpha >= 32 ? s : alphaMapTable[alpha](s, d);
 }
 
-Repository& repository() { return Repository::instance(); }
-
 }  // namespace
 
 class SpriteKeytrack32bpp : public Component {
 public:
-    SpriteKeytrack32bpp(Sequencer&, TextParser& parser)
-        : target_(repository().aquireAs<Layer32bpp>(parser)),
-          picture_(repository().aquireAs<Layer32bpp>(parser)),
-          track_(repository().aquireAs<KeytrackSprite>(parser)),
-          rendu_(repository().aquireAs<KeytrackInt>(parser)),
+    SpriteKeytrack32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          picture_(in.symbol<Layer32bpp>()),
+          track_(in.symbol<KeytrackSprite>()),
+          rendu_(in.symbol<KeytrackInt>()),
           sprite_(picture_.width, picture_.height) {}
     void run(float t) override {
         const int rendu = rendu_.sample(t);
@@ -50,16 +47,15 @@ private:
 // The alpha map gives each picture pixel its opacity (0-32); black is not special.
 class SpriteAlphamapKeytrack32bpp : public Component {
 public:
-    SpriteAlphamapKeytrack32bpp(Sequencer&, TextParser& parser)
-        : target_(repository().aquireAs<Layer32bpp>(parser)),
-          picture_(repository().aquireAs<Layer32bpp>(parser)),
-          alpha_(repository().aquireAs<Layer8bpp>(parser)),
-          track_(repository().aquireAs<KeytrackSprite>(parser)),
+    SpriteAlphamapKeytrack32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          picture_(in.symbol<Layer32bpp>()),
+          alpha_(in.symbol<Layer8bpp>()),
+          track_(in.symbol<KeytrackSprite>()),
           sprite_(picture_.width, picture_.height) {
         if (alpha_.width != picture_.width || alpha_.height < picture_.height)
-            throw error("spriteAlphamapKeytrack32bpp : the alpha map is " + std::to_string(alpha_.width) + "x" +
-                        std::to_string(alpha_.height) + ", the picture " + std::to_string(picture_.width) + "x" +
-                        std::to_string(picture_.height));
+            in.fail("the alpha map is " + std::to_string(alpha_.width) + "x" + std::to_string(alpha_.height) +
+                    ", the picture " + std::to_string(picture_.width) + "x" + std::to_string(picture_.height));
     }
     void run(float t) override {
         const auto run = sprite_.frame(track_, t, target_);
@@ -81,10 +77,10 @@ private:
 // Each pixel's alpha byte (bits 24-31) is its opacity, as in the alpha-map sprite.
 class SpriteAlphachanelKeytrack32bpp : public Component {
 public:
-    SpriteAlphachanelKeytrack32bpp(Sequencer&, TextParser& parser)
-        : target_(repository().aquireAs<Layer32bpp>(parser)),
-          picture_(repository().aquireAs<Layer32bpp>(parser)),
-          track_(repository().aquireAs<KeytrackSprite>(parser)),
+    SpriteAlphachanelKeytrack32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          picture_(in.symbol<Layer32bpp>()),
+          track_(in.symbol<KeytrackSprite>()),
           sprite_(picture_.width, picture_.height) {}
     void run(float t) override {
         const auto run = sprite_.frame(track_, t, target_);
@@ -106,11 +102,11 @@ private:
 // An 8-bit picture through its palette; an index whose colour is black is transparent.
 class SpriteBitmapKeytrack32bpp : public Component {
 public:
-    SpriteBitmapKeytrack32bpp(Sequencer&, TextParser& parser)
-        : target_(repository().aquireAs<Layer32bpp>(parser)),
-          picture_(repository().aquireAs<Layer8bpp>(parser)),
-          palette_(repository().aquireAs<Palette>(parser)),
-          track_(repository().aquireAs<KeytrackSprite>(parser)),
+    SpriteBitmapKeytrack32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          picture_(in.symbol<Layer8bpp>()),
+          palette_(in.symbol<Palette>()),
+          track_(in.symbol<KeytrackSprite>()),
           sprite_(picture_.width, picture_.height) {}
     void run(float t) override {
         const auto run = sprite_.frame(track_, t, target_);

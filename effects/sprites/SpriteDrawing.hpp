@@ -7,8 +7,8 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/Layer.hpp"
 #include "effects/rendu/BlendOperators.hpp"
-#include "script/Layer.hpp"
 
 namespace vz {
 

@@ -11,12 +11,11 @@
 #include <cmath>
 #include <cstdint>
 
+#include "core/Layer.hpp"
 #include "effects/sprites/SpriteDrawing.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Layer.hpp"
-#include "script/Repository.hpp"
-#include "script/TextParser.hpp"
 
 namespace vz {
 
@@ -55,13 +54,13 @@ RotatedSprite rotate(int width, int height, float scale, float angle) {
 
 class SpriteRotKeytrack32bpp : public Component {
 public:
-    SpriteRotKeytrack32bpp(Sequencer&, TextParser& parser)
-        : target_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          picture_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          position_(Repository::instance().aquireAs<KeytrackVector3>(parser)),
-          zoom_(Repository::instance().aquireAs<KeytrackFloat>(parser)),
-          rotation_(Repository::instance().aquireAs<KeytrackFloat>(parser)),
-          rendu_(Repository::instance().aquireAs<KeytrackInt>(parser)) {}
+    SpriteRotKeytrack32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          picture_(in.symbol<Layer32bpp>()),
+          position_(in.symbol<KeytrackVector3>()),
+          zoom_(in.symbol<KeytrackFloat>()),
+          rotation_(in.symbol<KeytrackFloat>()),
+          rendu_(in.symbol<KeytrackInt>()) {}
 
     void run(float t) override {
         const Vector3 at = position_.sample(t);

@@ -3,27 +3,23 @@
 #include <cmath>
 #include <string>
 
+#include "core/Layer.hpp"
+#include "core/error.hpp"
 #include "effects/sprites/TextLayout.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Layer.hpp"
-#include "script/Repository.hpp"
-#include "script/TextParser.hpp"
-#include "shell/error.hpp"
 
 namespace vz {
 
 namespace {
 
-Repository& repository() { return Repository::instance(); }
-
 // The font picture, checked to hold one row or more per glyph cell.
-const Layer32bpp& fontParameter(TextParser& parser, const char* keyword) {
-    const Layer32bpp& font = repository().aquireAs<Layer32bpp>(parser);
+const Layer32bpp& fontParameter(ComponentContext& in) {
+    const Layer32bpp& font = in.symbol<Layer32bpp>();
     if (font.height / TextStyle{}.cells <= 0)
-        throw error(std::string(keyword) + " : the font picture is " + std::to_string(font.width) + "x" +
-                    std::to_string(font.height) + ", lower than its " + std::to_string(TextStyle{}.cells) +
-                    " glyph cells");
+        in.fail("the font picture is " + std::to_string(font.width) + "x" + std::to_string(font.height) +
+                ", lower than its " + std::to_string(TextStyle{}.cells) + " glyph cells");
     return font;
 }
 
@@ -40,13 +36,13 @@ void follow(TextStyle& style, KeytrackSprite& track, float t) {
 
 class PutStringKeytrack32bpp : public Component {
 public:
-    PutStringKeytrack32bpp(Sequencer&, TextParser& parser)
-        : target_(repository().aquireAs<Layer32bpp>(parser)),
-          font_(fontParameter(parser, "PutStringKeytrack32bpp")),
-          track_(repository().aquireAs<KeytrackSprite>(parser)),
-          rendu_(repository().aquireAs<KeytrackInt>(parser)),
-          spacing_(repository().aquireAs<KeytrackFloat>(parser)),
-          text_(parser.getTokenCopy()) {}
+    PutStringKeytrack32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          font_(fontParameter(in)),
+          track_(in.symbol<KeytrackSprite>()),
+          rendu_(in.symbol<KeytrackInt>()),
+          spacing_(in.symbol<KeytrackFloat>()),
+          text_(in.word()) {}
     void run(float t) override {
         follow(style_, track_, t);
         style_.spacing = spacing_.sample(t);
@@ -71,14 +67,14 @@ public:
     static constexpr float wobbleRate = 4.0f;  // radians per second
     static constexpr float glyphPhase = 0.6f;  // radians between neighbouring glyphs
 
-    PutStringCool32bpp(Sequencer&, TextParser& parser)
-        : target_(repository().aquireAs<Layer32bpp>(parser)),
-          font_(fontParameter(parser, "PutStringCool32bpp")),
-          track_(repository().aquireAs<KeytrackSprite>(parser)),
-          amplitudeX_(parser.getFloat()),
-          amplitudeY_(parser.getFloat()),
-          rendu_(repository().aquireAs<KeytrackInt>(parser)),
-          text_(parser.getTokenCopy()) {
+    PutStringCool32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          font_(fontParameter(in)),
+          track_(in.symbol<KeytrackSprite>()),
+          amplitudeX_(in.real()),
+          amplitudeY_(in.real()),
+          rendu_(in.symbol<KeytrackInt>()),
+          text_(in.word()) {
         // The line has no spacing parameter: an extra glyph width puts the glyphs side
         // by side (the pen advances (width + spacing) / W normalised units, half that
         // many pixels), so the wave has room to move them.
@@ -111,14 +107,14 @@ class PutStringSlide32bpp : public Component {
 public:
     static constexpr float slideTime = 0.5f;
 
-    PutStringSlide32bpp(Sequencer&, TextParser& parser)
-        : target_(repository().aquireAs<Layer32bpp>(parser)),
-          font_(fontParameter(parser, "PutStringSlide32bpp")),
-          track_(repository().aquireAs<KeytrackSprite>(parser)),
-          delay_(parser.getFloat()),
-          rendu_(repository().aquireAs<KeytrackInt>(parser)) {
-        style_.spacing = parser.getFloat();
-        text_ = parser.getTokenCopy();
+    PutStringSlide32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          font_(fontParameter(in)),
+          track_(in.symbol<KeytrackSprite>()),
+          delay_(in.real()),
+          rendu_(in.symbol<KeytrackInt>()) {
+        style_.spacing = in.real();
+        text_ = in.word();
     }
     void run(float t) override {
         follow(style_, track_, t);

@@ -1,8 +1,8 @@
 #pragma once
 // The pieces of text drawing, for the text components that move each glyph on its own
 // (drawText in TextDrawing.hpp lays a plain line out with them).
+#include "core/Layer.hpp"
 #include "effects/sprites/TextDrawing.hpp"
-#include "script/Layer.hpp"
 
 namespace vz {
 

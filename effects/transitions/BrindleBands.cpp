@@ -6,12 +6,11 @@
 #include <algorithm>
 #include <vector>
 
-#include "effects/filters/LayerChecks.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "effects/transitions/TransitionTime.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -20,10 +19,9 @@ namespace {
 class BrindleBands32bpp : public Component {
 public:
     // nbBandes is held within 1 .. the target's height.
-    BrindleBands32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)), source_(parameter<Layer32bpp>(parser)) {
-        requireCovers("brindleBands32bpp", "source", source_, target_);
-        bands_ = std::clamp(parser.getInt(), 1, target_.height);
+    BrindleBands32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()) {
+        in.requireCovers("source", source_, target_);
+        bands_ = std::clamp(in.integer(), 1, target_.height);
         bandOfRow_.resize(target_.height);
         for (int y = 0; y < target_.height; ++y)
             bandOfRow_[y] = static_cast<int>(static_cast<std::int64_t>(y) * bands_ / target_.height);

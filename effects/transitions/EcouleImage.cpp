@@ -7,10 +7,9 @@
 #include <cmath>
 #include <vector>
 
-#include "effects/filters/LayerChecks.hpp"
 #include "effects/filters/Noise.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
 #include "script/RandomSeed.hpp"
 
@@ -23,14 +22,14 @@ constexpr int smoothing = 15;
 
 class EcouleImage32bpp : public Component {
 public:
-    EcouleImage32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          source_(parameter<Layer32bpp>(parser)),
-          speed_(parameter<KeytrackFloat>(parser)),
+    EcouleImage32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          speed_(in.symbol<KeytrackFloat>()),
           factor_(target_.width),
           drop_(target_.width) {
-        requireCovers("ecouleImage32bpp", "source", source_, target_);
-        requireDistinct("ecouleImage32bpp", target_, source_);
+        in.requireCovers("source", source_, target_);
+        in.requireDistinct(target_, source_);
         NoiseGenerator generator(takeRandomSeed());
         const int w = target_.width;
         std::vector<int> raw(w);

@@ -1,11 +1,10 @@
 // Interleaved rows revealing a picture: as local time runs from 0 to 1 the source's even
 // rows slide in from the left and its odd rows from the right, meeting in place at 1.
 // Row pixels not yet reached keep the target's picture.
-#include "effects/filters/LayerChecks.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "effects/transitions/RowShift.hpp"
 #include "effects/transitions/TransitionTime.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -13,9 +12,8 @@ namespace {
 
 class Interleaving32bpp : public Component {
 public:
-    Interleaving32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)), source_(parameter<Layer32bpp>(parser)) {
-        requireCovers("interleaving32bpp", "source", source_, target_);
+    Interleaving32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()) {
+        in.requireCovers("source", source_, target_);
     }
 
     void run(float t) override {

@@ -6,13 +6,12 @@
 #include <algorithm>
 #include <vector>
 
-#include "effects/filters/LayerChecks.hpp"
 #include "effects/filters/Noise.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "effects/transitions/RowShift.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
 #include "script/RandomSeed.hpp"
 
@@ -22,13 +21,13 @@ namespace {
 
 class NoiseLines32bpp : public Component {
 public:
-    NoiseLines32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          source_(parameter<Layer32bpp>(parser)),
-          intensity_(parameter<KeytrackInt>(parser)),
+    NoiseLines32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          intensity_(in.symbol<KeytrackInt>()),
           generator_(takeRandomSeed()) {
-        requireCovers("noiseLines32bpp", "source", source_, target_);
-        requireDistinct("noiseLines32bpp", target_, source_);
+        in.requireCovers("source", source_, target_);
+        in.requireDistinct(target_, source_);
         // Grey noise of half brightness, long enough for a row to start anywhere in the
         // table and still read a whole row.
         const std::vector<std::uint8_t> bytes = makeNoiseTable(generator_);

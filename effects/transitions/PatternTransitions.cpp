@@ -4,13 +4,12 @@
 // front 32 levels wide. From t = 1 on, the whole buffer is copied.
 #include <algorithm>
 
-#include "effects/filters/LayerChecks.hpp"
-#include "effects/filters/Parameters.hpp"
+#include "core/Palette.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "effects/transitions/TransitionTime.hpp"
 #include "script/Component.hpp"
-#include "script/Palette.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
@@ -21,14 +20,14 @@ namespace {
 // width as its row length, the buffer with its own width.
 class PatternTransition : public Component {
 protected:
-    PatternTransition(TextParser& parser, const char* keyword)
-        : target_(parameter<Layer32bpp>(parser)),
-          buffer_(parameter<Layer32bpp>(parser)),
-          pattern_(parameter<Layer8bpp>(parser)),
+    PatternTransition(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          buffer_(in.symbol<Layer32bpp>()),
+          pattern_(in.symbol<Layer8bpp>()),
           width_(target_.width),
           height_(target_.height) {
-        requireCovers(keyword, "buffer", buffer_, target_);
-        requirePixelCount(keyword, "pattern", pattern_, target_);
+        in.requireCovers("buffer", buffer_, target_);
+        in.requirePixelCount("pattern", pattern_, target_);
     }
 
     // Copies the whole buffer from t = 1 on; before, every target pixel d becomes
@@ -56,8 +55,7 @@ protected:
 
 class PatternTransitionBool32bpp : public PatternTransition {
 public:
-    PatternTransitionBool32bpp(Sequencer&, TextParser& parser)
-        : PatternTransition(parser, "patternTransitionBool32bpp") {}
+    PatternTransitionBool32bpp(ComponentContext& in) : PatternTransition(in) {}
 
     void run(float t) override {
         // Only the level's low byte counts: a negative time switches the pixels up to
@@ -69,10 +67,8 @@ public:
 
 class PatternTransitionAdd32bpp : public PatternTransition {
 public:
-    PatternTransitionAdd32bpp(Sequencer&, TextParser& parser)
-        : PatternTransition(parser, "patternTransitionAdd32bpp"),
-          palette_(parameter<Palette>(parser)),
-          radius_(parser.getInt()) {}
+    PatternTransitionAdd32bpp(ComponentContext& in)
+        : PatternTransition(in), palette_(in.symbol<Palette>()), radius_(in.integer()) {}
 
     void run(float t) override {
         const std::int64_t level = transitionLevel(t);
@@ -95,8 +91,7 @@ private:
 class PatternTransitionAlpha32bpp : public PatternTransition {
 public:
     // The line may name a front width; it is not read: the front is always 32 levels.
-    PatternTransitionAlpha32bpp(Sequencer&, TextParser& parser)
-        : PatternTransition(parser, "patternTransitionAlpha32bpp") {}
+    PatternTransitionAlpha32bpp(ComponentContext& in) : PatternTransition(in) {}
 
     void run(float t) override {
         const std::int64_t level = transitionLevel(t);

@@ -12,11 +12,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "effects/filters/LayerChecks.hpp"
-#include "effects/filters/Parameters.hpp"
 #include "effects/transitions/RowShift.hpp"
 #include "effects/transitions/TransitionTime.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
 
 namespace vz {
@@ -28,11 +27,9 @@ float heldWithin(float value, float limit) { return std::isnan(value) ? 0.0f : s
 
 class Skewtel32bpp : public Component {
 public:
-    Skewtel32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          source_(parameter<Layer32bpp>(parser)),
-          amplitude_(parameter<KeytrackFloat>(parser)) {
-        requireCovers("skewtel32bpp", "source", source_, target_);
+    Skewtel32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()), amplitude_(in.symbol<KeytrackFloat>()) {
+        in.requireCovers("source", source_, target_);
     }
 
     void run(float t) override {
@@ -55,12 +52,10 @@ private:
 
 class SkewtelFilter32bpp : public Component {
 public:
-    SkewtelFilter32bpp(Sequencer&, TextParser& parser)
-        : target_(parameter<Layer32bpp>(parser)),
-          source_(parameter<Layer32bpp>(parser)),
-          amplitude_(parameter<KeytrackFloat>(parser)) {
-        requireCovers("skewtelFilter32bpp", "source", source_, target_);
-        requireDistinct("skewtelFilter32bpp", target_, source_);
+    SkewtelFilter32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()), amplitude_(in.symbol<KeytrackFloat>()) {
+        in.requireCovers("source", source_, target_);
+        in.requireDistinct(target_, source_);
     }
 
     void run(float t) override {

@@ -8,14 +8,12 @@
 #include <memory>
 #include <numbers>
 
-#include "effects/tunnels/TunnelChecks.hpp"
+#include "core/Layer.hpp"
 #include "effects/tunnels/TunnelMapping.hpp"
 #include "effects/tunnels/TunnelTables.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Layer.hpp"
-#include "script/Repository.hpp"
-#include "script/TextParser.hpp"
 
 namespace vz {
 
@@ -25,14 +23,14 @@ public:
     static constexpr float radiusOffset = 4.0f;
     static constexpr double swayRate = 2.0;  // radians per second of the wave's phase
 
-    FennickCouloir32bpp(Sequencer&, TextParser& parser)
-        : target_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          texture_(Repository::instance().aquireAs<Layer8bpp>(parser)),
-          lut_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          amplitude_(Repository::instance().aquireAs<KeytrackFloat>(parser)),
-          speed_(Repository::instance().aquireAs<KeytrackFloat>(parser)) {
-        requireTexture(texture_, "fennickCouloir32bpp");
-        requireLut(lut_, "fennickCouloir32bpp");
+    FennickCouloir32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          texture_(in.symbol<Layer8bpp>()),
+          lut_(in.symbol<Layer32bpp>()),
+          amplitude_(in.symbol<KeytrackFloat>()),
+          speed_(in.symbol<KeytrackFloat>()) {
+        in.requireFullTable("the texture", texture_);
+        in.requireFullTable("the lut", lut_);
         const int w = target_.width, h = target_.height;
         margin_ = (w >> 2) + 1;
         const int wide = w + 2 * margin_;

@@ -6,15 +6,13 @@
 #include <numbers>
 #include <string>
 
-#include "effects/tunnels/TunnelChecks.hpp"
+#include "core/Layer.hpp"
+#include "core/error.hpp"
 #include "effects/tunnels/TunnelMapping.hpp"
 #include "effects/tunnels/TunnelTables.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Layer.hpp"
-#include "script/Repository.hpp"
-#include "script/TextParser.hpp"
-#include "shell/error.hpp"
 
 namespace vz {
 
@@ -45,15 +43,12 @@ Point windowPosition(int k, int n, float t, int width, int height) {
 
 class MultiTunnels32bpp : public Component {
 public:
-    MultiTunnels32bpp(Sequencer&, TextParser& parser)
-        : target_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          texture_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          track_(Repository::instance().aquireAs<KeytrackVector2>(parser)),
-          count_(parser.getInt()) {
-        requireTexture(texture_, "multiTunnels32bpp");
-        if (count_ < 1 || count_ > maxTunnels)
-            throw error("multiTunnels32bpp : the number of tunnels must be 1 to " + std::to_string(maxTunnels) +
-                        ", not " + std::to_string(count_));
+    MultiTunnels32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          texture_(in.symbol<Layer32bpp>()),
+          track_(in.symbol<KeytrackVector2>()),
+          count_(in.integerWithin("the number of tunnels", 1, maxTunnels)) {
+        in.requireFullTable("the texture", texture_);
         const int w = target_.width, h = target_.height;
         source_ = std::make_unique<Layer32bpp>(2 * w, 2 * h);
         combined_ = std::make_unique<Layer32bpp>(w, h);

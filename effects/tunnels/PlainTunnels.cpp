@@ -1,14 +1,12 @@
 // The tunnels that map a ready offsets table: 32-bit, 8-bit and lit by a light map.
 #include <cstddef>
 
-#include "effects/tunnels/TunnelChecks.hpp"
+#include "core/Layer.hpp"
 #include "effects/tunnels/TunnelMapping.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Layer.hpp"
 #include "script/OffsetsTable.hpp"
-#include "script/Repository.hpp"
-#include "script/TextParser.hpp"
 
 namespace vz {
 
@@ -20,13 +18,13 @@ std::size_t count(const Layer& target) { return static_cast<std::size_t>(target.
 
 class Tunnel32bpp : public Component {
 public:
-    Tunnel32bpp(Sequencer&, TextParser& parser)
-        : target_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          texture_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          table_(Repository::instance().aquireAs<OffsetsTable>(parser)),
-          track_(Repository::instance().aquireAs<KeytrackVector2>(parser)) {
-        requireTexture(texture_, "tunnel32bpp");
-        requireCoversTarget(table_, target_, "tunnel32bpp", "offsets table");
+    Tunnel32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          texture_(in.symbol<Layer32bpp>()),
+          table_(in.symbol<OffsetsTable>()),
+          track_(in.symbol<KeytrackVector2>()) {
+        in.requireFullTable("the texture", texture_);
+        in.requirePixelCount("offsets table", table_, target_);
     }
     void run(float t) override {
         mapTunnel32(target_.pixels, table_.pixels, texture_.pixels, count(target_), tunnelOffset(track_.sample(t), t));
@@ -41,13 +39,13 @@ private:
 
 class Tunnel8bpp : public Component {
 public:
-    Tunnel8bpp(Sequencer&, TextParser& parser)
-        : target_(Repository::instance().aquireAs<Layer8bpp>(parser)),
-          texture_(Repository::instance().aquireAs<Layer8bpp>(parser)),
-          table_(Repository::instance().aquireAs<OffsetsTable>(parser)),
-          track_(Repository::instance().aquireAs<KeytrackVector2>(parser)) {
-        requireTexture(texture_, "tunnel8bpp");
-        requireCoversTarget(table_, target_, "tunnel8bpp", "offsets table");
+    Tunnel8bpp(ComponentContext& in)
+        : target_(in.symbol<Layer8bpp>()),
+          texture_(in.symbol<Layer8bpp>()),
+          table_(in.symbol<OffsetsTable>()),
+          track_(in.symbol<KeytrackVector2>()) {
+        in.requireFullTable("the texture", texture_);
+        in.requirePixelCount("offsets table", table_, target_);
     }
     void run(float t) override {
         mapTunnel8(target_.pixels, table_.pixels, texture_.pixels, count(target_), tunnelOffset(track_.sample(t), t));
@@ -62,17 +60,17 @@ private:
 
 class TunnelLighted32bpp : public Component {
 public:
-    TunnelLighted32bpp(Sequencer&, TextParser& parser)
-        : target_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          texture_(Repository::instance().aquireAs<Layer8bpp>(parser)),
-          light_(Repository::instance().aquireAs<Layer8bpp>(parser)),
-          lut_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          table_(Repository::instance().aquireAs<OffsetsTable>(parser)),
-          track_(Repository::instance().aquireAs<KeytrackVector2>(parser)) {
-        requireTexture(texture_, "tunnelLighted32bpp");
-        requireCoversTarget(light_, target_, "tunnelLighted32bpp", "light map");
-        requireLut(lut_, "tunnelLighted32bpp");
-        requireCoversTarget(table_, target_, "tunnelLighted32bpp", "offsets table");
+    TunnelLighted32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          texture_(in.symbol<Layer8bpp>()),
+          light_(in.symbol<Layer8bpp>()),
+          lut_(in.symbol<Layer32bpp>()),
+          table_(in.symbol<OffsetsTable>()),
+          track_(in.symbol<KeytrackVector2>()) {
+        in.requireFullTable("the texture", texture_);
+        in.requirePixelCount("light map", light_, target_);
+        in.requireFullTable("the lut", lut_);
+        in.requirePixelCount("offsets table", table_, target_);
     }
     void run(float t) override {
         mapTunnelLit(target_.pixels, table_.pixels, texture_.pixels, light_.pixels, lut_.pixels, count(target_),

@@ -5,14 +5,13 @@
 #include <memory>
 #include <vector>
 
+#include "core/Layer.hpp"
+#include "core/Palette.hpp"
 #include "effects/tunnels/TunnelMapping.hpp"
 #include "effects/tunnels/TunnelTables.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Layer.hpp"
-#include "script/Palette.hpp"
-#include "script/Repository.hpp"
-#include "script/TextParser.hpp"
 
 namespace vz {
 
@@ -24,10 +23,10 @@ public:
     static constexpr int pebbleRadius = 11;  // texels
     static constexpr float depthPerWidth = 16.0f;
 
-    PobbleTunnel32bpp(Sequencer&, TextParser& parser)
-        : target_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          colour_(Repository::instance().aquireAs<Color>(parser)),
-          rendu_(Repository::instance().aquireAs<KeytrackInt>(parser)),
+    PobbleTunnel32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          colour_(in.symbol<Color>()),
+          rendu_(in.symbol<KeytrackInt>()),
           mask_(65536) {
         const int w = target_.width, h = target_.height;
         table_ = std::make_unique<Layer32bpp>(w, h);

@@ -4,14 +4,12 @@
 // same picture.
 #include <memory>
 
-#include "effects/tunnels/TunnelChecks.hpp"
+#include "core/Layer.hpp"
 #include "effects/tunnels/TunnelMapping.hpp"
 #include "effects/tunnels/TunnelTables.hpp"
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Layer.hpp"
-#include "script/Repository.hpp"
-#include "script/TextParser.hpp"
 
 namespace vz {
 
@@ -21,11 +19,9 @@ public:
     static constexpr float depthPerWidth = 16.0f;
     static constexpr float radiusOffset = 4.0f;
 
-    StylerTunnel32bpp(Sequencer&, TextParser& parser)
-        : target_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          texture_(Repository::instance().aquireAs<Layer32bpp>(parser)),
-          track_(Repository::instance().aquireAs<KeytrackVector2>(parser)) {
-        requireTexture(texture_, "stylerTunnel32bpp");
+    StylerTunnel32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()), texture_(in.symbol<Layer32bpp>()), track_(in.symbol<KeytrackVector2>()) {
+        in.requireFullTable("the texture", texture_);
         const int w = target_.width, h = target_.height;
         table_ = std::make_unique<Layer32bpp>(w, h);
         generateTunnelTable({table_->pixels, w, h, w}, static_cast<float>(w >> 1), static_cast<float>(h >> 1), turns,

@@ -2,18 +2,17 @@
 
 #include <limits>
 
-#include "script/TextParser.hpp"
+#include "script/ComponentContext.hpp"
 
 namespace vz {
 
-Composite::Composite(Sequencer& sequencer, TextParser& parser) : nested_(parser.getTokenCopy(), sequencer) {}
+Composite::Composite(ComponentContext& in) : nested_(in.word(), in.sequencer()) {}
 
 void Composite::run(float localTime) { nested_.run(localTime); }
 
-FrameDependentComposite::FrameDependentComposite(Sequencer& sequencer, TextParser& parser)
-    : nested_(parser.getTokenCopy(), sequencer) {
+FrameDependentComposite::FrameDependentComposite(ComponentContext& in) : nested_(in.word(), in.sequencer()) {
     // The fps follows the script name on the line.
-    const float fps = parser.getFloat();
+    const float fps = in.real();
     interval_ = fps == 0.0f ? std::numeric_limits<float>::infinity() : 1.0f / fps;
 }
 

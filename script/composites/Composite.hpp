@@ -10,7 +10,7 @@ namespace vz {
 // "composite" script(nom de fichier)
 class Composite : public Component {
 public:
-    Composite(Sequencer& sequencer, TextParser& parser);
+    Composite(ComponentContext& in);
     void run(float localTime) override;
 
 private:
@@ -21,7 +21,7 @@ private:
 // times per second of local time; frames in between leave its layers untouched.
 class FrameDependentComposite : public Component {
 public:
-    FrameDependentComposite(Sequencer& sequencer, TextParser& parser);
+    FrameDependentComposite(ComponentContext& in);
     void run(float localTime) override;
 
 private:

@@ -10,9 +10,8 @@
 #include <array>
 
 #include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Repository.hpp"
-#include "script/TextParser.hpp"
 #include "script/generators/GeneratorTerms.hpp"
 
 namespace vz {
@@ -45,12 +44,10 @@ class KeytrackGenerator : public Component {
 public:
     using Parts = AnimatedParts<V>;
 
-    KeytrackGenerator(Sequencer&, TextParser& parser)
-        : target_(Repository::instance().aquireAs<Keytrack<V>>(parser.getTokenCopy())),
-          source_(Repository::instance().aquireAs<Keytrack<V>>(parser)) {
+    KeytrackGenerator(ComponentContext& in) : target_(in.declared<Keytrack<V>>()), source_(in.symbol<Keytrack<V>>()) {
         float ampl[Parts::count];
-        for (float& value : ampl) value = parser.getFloat();
-        const float frequence = parser.getFloat();
+        for (float& value : ampl) value = in.real();
+        const float frequence = in.real();
         for (int part = 0; part < Parts::count; ++part) terms_[part].configure(ampl[part], frequence);
     }
 

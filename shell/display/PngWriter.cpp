@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "shell/error.hpp"
+#include "core/error.hpp"
 
 namespace vz {
 

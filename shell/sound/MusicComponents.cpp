@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
-#include "script/TextParser.hpp"
+#include "script/ComponentContext.hpp"
 #include "shell/sound/SoundSystem.hpp"
 
 namespace vz {
 
-PlayModule::PlayModule(Sequencer&, TextParser& parser)
-    : fileName_(parser.getTokenCopy()), startPosition_(parser.getInt()), timeOffset_(parser.getFloat()) {}
+PlayModule::PlayModule(ComponentContext& in)
+    : fileName_(in.word()), startPosition_(in.integer()), timeOffset_(in.real()) {}
 
 void PlayModule::run(float) {
     if (started_) return;
@@ -16,10 +16,10 @@ void PlayModule::run(float) {
     SoundSystem::instance().playModule(fileName_, startPosition_, timeOffset_);
 }
 
-PlayMp3::PlayMp3(Sequencer&, TextParser& parser) : fileName_(parser.getTokenCopy()) {
+PlayMp3::PlayMp3(ComponentContext& in) : fileName_(in.word()) {
     // Whole milliseconds, cut towards zero; kept inside the range of an int.
-    startMs_ = static_cast<int>(std::clamp(parser.getFloat() * 1000.0, -2147483648.0, 2147483647.0));
-    timeOffset_ = parser.getFloat();
+    startMs_ = static_cast<int>(std::clamp(in.real() * 1000.0, -2147483648.0, 2147483647.0));
+    timeOffset_ = in.real();
 }
 
 void PlayMp3::run(float) {
@@ -28,7 +28,7 @@ void PlayMp3::run(float) {
     SoundSystem::instance().playStream(fileName_, startMs_, timeOffset_);
 }
 
-FadeVolume::FadeVolume(Sequencer&, TextParser& parser) : begin_(parser.getFloat()), end_(parser.getFloat()) {}
+FadeVolume::FadeVolume(ComponentContext& in) : begin_(in.real()), end_(in.real()) {}
 
 void FadeVolume::run(float localTime) {
     float volume = (end_ - begin_) * localTime + begin_;

@@ -11,7 +11,7 @@ namespace vz {
 // start of order startPosition, and the show's time becomes timeOffset.
 class PlayModule : public Component {
 public:
-    PlayModule(Sequencer& sequencer, TextParser& parser);
+    PlayModule(ComponentContext& in);
     void run(float localTime) override;
 
 private:
@@ -25,7 +25,7 @@ private:
 // seconds (whole milliseconds), and the show's time becomes startTime + timeOffset.
 class PlayMp3 : public Component {
 public:
-    PlayMp3(Sequencer& sequencer, TextParser& parser);
+    PlayMp3(ComponentContext& in);
     void run(float localTime) override;
 
 private:
@@ -40,7 +40,7 @@ private:
 // are not faded. The cap at end means a fade from 1 to 0 is silent at once.
 class FadeVolume : public Component {
 public:
-    FadeVolume(Sequencer& sequencer, TextParser& parser);
+    FadeVolume(ComponentContext& in);
     void run(float localTime) override;
 
 private:

@@ -6,9 +6,9 @@
 #include <ctime>
 #include <iostream>
 
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 #include "shell/display/Timer.hpp"
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
 #include "shell/sound/AudioDevice.hpp"
 #include "shell/sound/DeviceClock.hpp"
 #include "shell/sound/MusicDecoder.hpp"

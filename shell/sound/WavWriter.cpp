@@ -1,6 +1,6 @@
 #include "shell/sound/WavWriter.hpp"
 
-#include "shell/error.hpp"
+#include "core/error.hpp"
 
 namespace vz {
 

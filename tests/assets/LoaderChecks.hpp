@@ -8,10 +8,10 @@
 #include <vector>
 
 #include "assets/ImageLoader.hpp"
-#include "script/Layer.hpp"
-#include "script/Palette.hpp"
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
+#include "core/Layer.hpp"
+#include "core/Palette.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 #include "support/TestSupport.hpp"
 
 namespace vz::test {

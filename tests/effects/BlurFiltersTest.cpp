@@ -18,13 +18,13 @@ using Pixels = std::vector<std::uint32_t>;
 class Filter : public EffectTest {
 protected:
     Layer32bpp& source(int w, int h, const Pixels& values) {
-        Repository::instance().sub("src");
+        show.repository.sub("src");
         Layer32bpp& layer = addLayer32("src", w, h);
         setPixels(layer, values);
         return layer;
     }
     Pixels blur(const char* keyword, int w, int h, int n) {
-        Repository::instance().sub("dst");  // a fresh target for every blur
+        show.repository.sub("dst");  // a fresh target for every blur
         Layer32bpp& dst = addLayer32("dst", w, h, 0xDEADBEEF);
         make(std::string(keyword) + " dst src constInt " + std::to_string(n))->run(0.0f);
         return pixelsOf(dst);

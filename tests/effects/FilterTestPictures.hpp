@@ -4,7 +4,7 @@
 #include <random>
 #include <vector>
 
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
 #include "support/PlayerRun.hpp"
 
 namespace vz::test {

@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "FilterTestPictures.hpp"
+#include "core/Zbuffer.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/LayerRect.hpp"
 #include "effects/rendu/ScaleDown.hpp"
-#include "script/Zbuffer.hpp"
 #include "support/EffectTestSupport.hpp"
 
 namespace vz::test {
@@ -28,7 +28,7 @@ protected:
     }
     // A fresh w x h "target" of untouched pixels after the line has run at t = 0.
     Pixels drawn(const std::string& line, int w, int h) {
-        Repository::instance().sub("target");
+        show.repository.sub("target");
         Layer32bpp& target = addLayer32("target", w, h, X);
         make(line)->run(0);
         return pixelsOf(target);
@@ -185,9 +185,11 @@ TEST_F(LayersTest, BadParametersAreRefusedWhenTheLineIsRead) {
         {"copyLayerRandomOffset32bpp target tile -1 0 1 constInt 32",
          "copyLayerRandomOffset32bpp : maxOffsetX -1 is not within 0 to 32768"},
         {"copyLayerWrapAround32bpp tile tile constInt 0 constInt 0 constInt 32",
-         "copyLayerWrapAround32bpp : the source must not be the target"},
-        {"playVideo32bpp target tile 0 constInt 0 constInt 32", "playVideo32bpp : numFrames must be at least 1, not 0"},
-        {"combination32bpp target image image small", "combination32bpp : small is 255x256, a lut needs 65536 pixels"}};
+         "copyLayerWrapAround32bpp : target and source must be different layers"},
+        {"playVideo32bpp target tile 0 constInt 0 constInt 32",
+         "playVideo32bpp : numFrames 0 is not within 1 to 32768"},
+        {"combination32bpp target image image small",
+         "combination32bpp : the lut must hold 256x256 entries, it is 255x256"}};
     for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
 }
 

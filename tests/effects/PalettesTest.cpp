@@ -68,7 +68,7 @@ TEST_F(PalettesTest, LutBuildersRefuseTablesTooSmall) {
     addPalette("pal");
     addColor("c", 0);
     EXPECT_EQ(errorOf([&] { make("shadingLut small pal c c"); }),
-              "shadingLut : small is 16x16, a lut needs 65536 pixels");
+              "shadingLut : the lut must hold 256x256 entries, it is 16x16");
 }
 
 TEST_F(PalettesTest, BlendsTruncateAndWrapOutsideZeroToOne) {

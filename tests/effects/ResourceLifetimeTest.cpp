@@ -15,11 +15,11 @@ TEST_F(EffectTest, ADroppedLayerLivesUntilItsLastComponentEnds) {
               "0 3 0 1 0\n"
               "wait 1\n"
               "sub pic\n");
-    Sequencer sequencer("main.txt");
+    Sequencer sequencer("main.txt", show);
     sequencer.run(0.5f);
-    std::weak_ptr<Resource> pic = Repository::instance().find("pic")->shared();
+    std::weak_ptr<Resource> pic = show.repository.find("pic")->shared();
     sequencer.run(1.5f);  // "sub pic": the name is gone ...
-    EXPECT_EQ(Repository::instance().find("pic"), nullptr);
+    EXPECT_EQ(show.repository.find("pic"), nullptr);
     ASSERT_FALSE(pic.expired());  // ... but the fill still draws into the layer
     EXPECT_EQ(static_cast<Layer32bpp&>(*pic.lock()).pixels[15], 0xFF0000u);
     sequencer.run(3.0f);  // the entry ends: the component and the layer go

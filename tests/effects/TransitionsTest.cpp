@@ -26,7 +26,7 @@ protected:
     void reset() { setPixels(target_, {0x100, 0x101, 0x102, 0x103, 0x104, 0x105, 0x106, 0x107}); }
     // Runs the line at t and returns, per pixel, 'B' for the buffer's pixel, 'T' for the
     // target's untouched and '?' for anything else.
-    std::string show(const std::string& line, float t) {
+    std::string reveal(const std::string& line, float t) {
         reset();
         make(line)->run(t);
         std::string text;
@@ -50,7 +50,7 @@ TEST_F(PatternTransition, WhichPixelsTakeTheBufferFromStartToEnd) {
         {add, -0.5f, "TTTTTTTT"},    {alpha, -0.5f, "TTTTTTTT"}, {alpha, 0.0f, "TTTTTTTT"},  // grey 0 has k = 32
         {plain, 1.0f, "BBBBBBBB"},   {add, 1.0f, "BBBBBBBB"},    {alpha, 1.0f, "BBBBBBBB"},
         {alpha, 7.5f, "BBBBBBBB"}};
-    for (const auto& [line, t, shown] : cases) EXPECT_EQ(show(line, t), shown) << line << " at " << t;
+    for (const auto& [line, t, shown] : cases) EXPECT_EQ(reveal(line, t), shown) << line << " at " << t;
 }
 
 TEST_F(PatternTransition, AddShowsAPaletteFrontAroundTheLevel) {
@@ -63,7 +63,7 @@ TEST_F(PatternTransition, AddShowsAPaletteFrontAroundTheLevel) {
     make("patternTransitionAdd32bpp dst buf pat pal 0")->run(0.5f);
     EXPECT_EQ(pixelsOf(target_), (Pixels{s[0], s[1], s[2], s[3], glow(0, 0x104), 0x105, 0x106, 0x107}));
     // Wider than half the palette: grey 0 sits 255 levels behind the front, its entry held at 0.
-    Repository::instance().aquireAs<Palette>("pal").colors[0] = 0x000001;
+    show.repository.aquireAs<Palette>("pal").colors[0] = 0x000001;
     make("patternTransitionAdd32bpp dst buf pat pal 300")->run(0.999f);  // level 255
     EXPECT_EQ(target_.pixels[0], blendPixel(renduAdd, 0x000001, s[0]));
 }

@@ -104,13 +104,13 @@ TEST_F(Tunnels, SizesAreCheckedWhenTheLineIsRead) {
         {"tunnel32bpp screen small off constVector2 0 0",
          "tunnel32bpp : the texture must hold 256x256 entries, it is 128x128"},
         {"tunnel32bpp screen tex short constVector2 0 0",
-         "tunnel32bpp : the offsets table is 4x3, smaller than the target 4x4"},
+         "tunnel32bpp : offsets table holds 12 pixels, the target needs 16"},
         {"tunnelLighted32bpp screen tex8 light tex off constVector2 0 0",
-         "tunnelLighted32bpp : the light map is 4x2, smaller than the target 4x4"},
+         "tunnelLighted32bpp : light map holds 8 pixels, the target needs 16"},
         {"fennickCouloir32bpp screen tex8 small constFloat 0 constFloat 0",
          "fennickCouloir32bpp : the lut must hold 256x256 entries, it is 128x128"},
         {"multiTunnels32bpp screen tex constVector2 0 0 0",
-         "multiTunnels32bpp : the number of tunnels must be 1 to 16, not 0"}};
+         "multiTunnels32bpp : the number of tunnels 0 is not within 1 to 16"}};
     for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
 }
 

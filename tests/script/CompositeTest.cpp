@@ -47,7 +47,7 @@ TEST_F(CompositeTest, TwoCompositesOnOneFileKeepOwnTimelinesButShareTheRepositor
 
 TEST_F(CompositeTest, EndDemoInANestedScriptEndsTheShow) {
     EXPECT_EQ(frame(*play("composite inner.txt\n0 100 0 1 0\n", "record x\n0 100 0 1 0\nendDemo\n"), 1.0f), "x@1");
-    EXPECT_TRUE(endOfDemo());
+    EXPECT_TRUE(show.ended);
 }
 
 TEST_F(CompositeTest, BadNestedScriptsAreFatal) {

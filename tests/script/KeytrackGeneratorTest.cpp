@@ -15,7 +15,7 @@ protected:
         track->times = std::move(times);
         track->values = std::move(values);
         Keytrack<V>& held = *track;
-        Repository::instance().add(std::make_unique<Symbol>(std::move(track)), name);
+        show.repository.add(std::make_unique<Symbol>(std::move(track)), name);
         return held;
     }
 

@@ -5,9 +5,9 @@
 #include <functional>
 
 #include "ScriptTestSupport.hpp"
+#include "core/Layer.hpp"
+#include "core/Palette.hpp"
 #include "script/Keytrack.hpp"
-#include "script/Layer.hpp"
-#include "script/Palette.hpp"
 
 namespace vz {
 namespace {
@@ -27,7 +27,7 @@ protected:
     }
 
     test::ScratchDir dir;
-    Repository& repository = Repository::instance();
+    Repository repository;
 };
 
 TEST_F(RepositoryTest, InlineConstantsAreAnonymousSymbols) {
@@ -35,19 +35,19 @@ TEST_F(RepositoryTest, InlineConstantsAreAnonymousSymbols) {
     test::ParsedLine line(
         "constColor 255 128 0 constFloat 1.0 constFloat 1.0 constInt -7 constVector2 1 2 "
         "constVector3 1 2 3 constSprite 1 2 3 4");
-    EXPECT_EQ(repository.aquireAs<Color>(line.parser).value, 0x00FF8000u);
+    EXPECT_EQ(Repository::dataAs<Color>(*repository.aquire(line.parser)).value, 0x00FF8000u);
     Symbol* first = repository.aquire(line.parser);
     Symbol* second = repository.aquire(line.parser);
     EXPECT_NE(first, second);
     EXPECT_EQ(first->name(), "dummySymbol");
     EXPECT_FLOAT_EQ(dynamic_cast<KeytrackFloat&>(*second->getData()).sample(123.0f), 1.0f);
-    auto& integer = repository.aquireAs<KeytrackInt>(line.parser);
+    auto& integer = Repository::dataAs<KeytrackInt>(*repository.aquire(line.parser));
     EXPECT_EQ(integer.sample(5.0f), -7);
     EXPECT_EQ(integer.interpolation, Spline);
     EXPECT_EQ(integer.times, std::vector<float>{0.0f});
-    EXPECT_FLOAT_EQ(repository.aquireAs<KeytrackVector2>(line.parser).sample(1.0f).y, 2.0f);
-    EXPECT_FLOAT_EQ(repository.aquireAs<KeytrackVector3>(line.parser).sample(1.0f).z, 3.0f);
-    EXPECT_FLOAT_EQ(repository.aquireAs<KeytrackSprite>(line.parser).sample(1.0f).scaleY, 4.0f);
+    EXPECT_FLOAT_EQ(Repository::dataAs<KeytrackVector2>(*repository.aquire(line.parser)).sample(1.0f).y, 2.0f);
+    EXPECT_FLOAT_EQ(Repository::dataAs<KeytrackVector3>(*repository.aquire(line.parser)).sample(1.0f).z, 3.0f);
+    EXPECT_FLOAT_EQ(Repository::dataAs<KeytrackSprite>(*repository.aquire(line.parser)).sample(1.0f).scaleY, 4.0f);
     EXPECT_EQ(names(), std::vector<std::string>(7, "dummySymbol"));
     for (const auto& text : test::stopLogAndReadLines()) EXPECT_EQ(text.find("Repository"), std::string::npos);
 }

@@ -3,14 +3,14 @@
 #include <gtest/gtest.h>
 
 #include "ScriptTestSupport.hpp"
+#include "core/Palette.hpp"
+#include "core/Zbuffer.hpp"
 #include "script/Keytrack.hpp"
 #include "script/Material.hpp"
 #include "script/OffsetsTable.hpp"
-#include "script/Palette.hpp"
 #include "script/Rawdata.hpp"
 #include "script/Repository.hpp"
 #include "script/Text.hpp"
-#include "script/Zbuffer.hpp"
 
 namespace vz {
 namespace {
@@ -35,11 +35,11 @@ protected:
     }
     std::unique_ptr<Material> materialFrom(const std::string& content) {
         test::writeFile("mat.txt", content);
-        return Material::load("mat.txt");
+        return Material::load("mat.txt", repository);
     }
 
     test::ScratchDir dir;
-    Repository& repository = Repository::instance();
+    Repository repository;
     std::vector<std::uint32_t> screenPixels = std::vector<std::uint32_t>(64 * 40);
     int lines = 0;
 };

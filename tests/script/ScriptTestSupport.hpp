@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 #include "script/TextParser.hpp"
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
 #include "support/TestSupport.hpp"
 
 namespace vz::test {

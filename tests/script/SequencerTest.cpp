@@ -38,7 +38,7 @@ TEST_F(SequencerTest, ReadingStopsAtWaitsNotYetReachedAtWaitFrameAndAtEndDemo) {
     auto late = play(script);
     EXPECT_EQ(frame(*late, 6.0f), "a@6 b@6");
     EXPECT_EQ(frame(*late, 6.0f), "a@6 b@6 c@6");
-    EXPECT_TRUE(endOfDemo());
+    EXPECT_TRUE(show.ended);
 
     auto early = play(script);
     EXPECT_EQ(frame(*early, 0.0f), "");  // time 0 is not after the initial wait time 0
@@ -103,7 +103,7 @@ TEST_F(SequencerTest, MalformedScriptsAreFatalAndNamed) {
     for (int i = 0; i <= Sequencer::activeCapacity; ++i) crowded += "0 9 0 1 0\n";
     EXPECT_EQ(fatalOf(tooMany), "Sequencer : main.txt:258 : more than 256 timeline entries");
     EXPECT_EQ(fatalOf(crowded), "Sequencer : main.txt : more than 64 timeline entries active at time 1.5");
-    EXPECT_EQ(errorOf([] { Sequencer missing("absent.txt"); }), "TextParser can not open file");
+    EXPECT_EQ(errorOf([&] { Sequencer missing("absent.txt", show); }), "TextParser can not open file");
 }
 
 }  // namespace

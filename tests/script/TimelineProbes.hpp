@@ -8,9 +8,11 @@
 #include <string>
 #include <vector>
 
+#include "script/ComponentContext.hpp"
 #include "script/RandomSeed.hpp"
 #include "script/Repository.hpp"
 #include "script/Sequencer.hpp"
+#include "script/Show.hpp"
 #include "tests/script/ScriptTestSupport.hpp"
 
 namespace vz::test {
@@ -22,7 +24,7 @@ inline std::vector<std::string>& journal() {
 
 class Recorder : public Component {
 public:
-    Recorder(Sequencer&, TextParser& parser) : label_(parser.getTokenCopy()) { setName("Recorder"); }
+    Recorder(ComponentContext& in) : label_(in.word()) { setName("Recorder"); }
     ~Recorder() override { journal().push_back("~" + label_); }
     void run(float localTime) override {
         std::ostringstream line;
@@ -37,7 +39,7 @@ private:
 inline const ExtraComponents& probes() {
     static const ExtraComponents list{
         {"record", &buildComponent<Recorder>},
-        {"nullProbe", [](Sequencer&, TextParser&) -> std::unique_ptr<Component> { return nullptr; }},
+        {"nullProbe", [](ComponentContext&) -> std::unique_ptr<Component> { return nullptr; }},
     };
     return list;
 }
@@ -52,8 +54,7 @@ inline std::string frame(Sequencer& sequencer, float t) {
     return text;
 }
 
-// A scratch working directory and a fresh program state (repository, end-of-demo flag,
-// seeds, journal) for every test.
+// A scratch working directory, a fresh show, seeds and journal for every test.
 class TimelineTest : public ::testing::Test {
 protected:
     TimelineTest() { resetState(); }
@@ -62,17 +63,18 @@ protected:
     // A sequencer, knowing the probes, on a main.txt holding `script`.
     std::unique_ptr<Sequencer> play(const std::string& script) {
         writeFile("main.txt", script);
-        return std::make_unique<Sequencer>("main.txt", &probes());
+        return std::make_unique<Sequencer>("main.txt", show, &probes());
     }
 
 private:
     static void resetState() {
-        Repository::instance().clear();
-        endOfDemo() = false;
         resetRandomSeeds();
         journal().clear();
     }
     ScratchDir dir_;
+
+protected:
+    Show show;  // what the scripts declare, and whether one ended the demo
 };
 
 }  // namespace vz::test

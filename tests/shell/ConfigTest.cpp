@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 #include "support/TestSupport.hpp"
 
 namespace vz {

@@ -11,7 +11,7 @@
 #include <thread>
 
 #include "assets/File.hpp"
-#include "shell/error.hpp"
+#include "core/error.hpp"
 #include "shell/sound/SoundSystem.hpp"
 #include "shell/sound/WavWriter.hpp"
 #include "tests/shell/ModWriter.hpp"

@@ -4,13 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "assets/ImageLoader.hpp"
+#include "core/Layer.hpp"
+#include "core/logstream.hpp"
 #include "effects/sprites/TextDrawing.hpp"
-#include "script/Layer.hpp"
 #include "script/Repository.hpp"
 #include "script/Sequencer.hpp"
 #include "shell/display/Timer.hpp"
 #include "shell/display/headless/HeadlessConsole.hpp"
-#include "shell/logstream.hpp"
 #include "support/TestSupport.hpp"
 
 #include <filesystem>
@@ -26,12 +26,8 @@ protected:
     PlayerTest() {
         writeFile("config.txt", "64\n48\n40\n4\n8\n2\nNOSOUND\n");
         Timer::instance().driveByFrames(100);
-        endOfDemo() = false;
     }
-    ~PlayerTest() override {
-        Timer::instance().driveByFrames(0);
-        endOfDemo() = false;
-    }
+    ~PlayerTest() override { Timer::instance().driveByFrames(0); }
 
     int play(const std::string& script, double until) {
         writeFile("main.txt", script);

@@ -8,6 +8,9 @@
 #include <string>
 #include <vector>
 
+#include "script/ComponentContext.hpp"
+#include "script/Sequencer.hpp"
+#include "script/Show.hpp"
 #include "script/TextParser.hpp"
 #include "shell/display/Timer.hpp"
 #include "shell/sound/SoundSystem.hpp"
@@ -15,21 +18,19 @@
 
 namespace vz::test {
 
-// The music components never touch the Sequencer they are given (their constructors
-// only read the parser), so a stand-in object of suitable alignment serves.
-inline Sequencer& unusedSequencer() {
-    alignas(std::max_align_t) static unsigned char standIn[64];
-    return *reinterpret_cast<Sequencer*>(standIn);
-}
-
 // A component made from the parameters of one script line (the keyword already taken).
 template <class T>
 std::unique_ptr<T> makeFromLine(const std::string& parameters) {
     writeFile("line.txt", parameters + "\n");
+    writeFile("empty.txt", "");
     TextParser parser;
     parser.open("line.txt");
     parser.nextLine();
-    return std::make_unique<T>(unusedSequencer(), parser);
+    // The music components keep nothing of the show or the sequencer they are made in.
+    Show show;
+    Sequencer sequencer("empty.txt", show);
+    ComponentContext context("music", parser, show, sequencer);
+    return std::make_unique<T>(context);
 }
 
 // Ends `count` lock-step frames and returns the samples they rendered.

@@ -7,22 +7,26 @@
 #include <memory>
 #include <string>
 
+#include "core/Layer.hpp"
+#include "core/Palette.hpp"
+#include "core/error.hpp"
 #include "script/Component.hpp"
-#include "script/Layer.hpp"
-#include "script/Palette.hpp"
+#include "script/ComponentContext.hpp"
 #include "script/RandomSeed.hpp"
 #include "script/Repository.hpp"
 #include "script/Sequencer.hpp"
+#include "script/Show.hpp"
 #include "script/TextParser.hpp"
-#include "shell/error.hpp"
 #include "support/TestSupport.hpp"
 
 namespace vz::test {
 
 class EffectTest : public ::testing::Test {
 protected:
-    EffectTest() { resetState(); }
-    ~EffectTest() override { resetState(); }
+    EffectTest() { resetRandomSeeds(); }
+    ~EffectTest() override { resetRandomSeeds(); }
+
+    Show show;  // where the layers are named and the components made
 
     Layer32bpp& addLayer32(const std::string& name, int w, int h, std::uint32_t fill = 0) {
         auto layer = std::make_unique<Layer32bpp>(w, h);
@@ -41,7 +45,7 @@ protected:
     template <class T>
     T& add(std::unique_ptr<T> resource, const std::string& name) {
         T& ref = *resource;
-        Repository::instance().add(std::make_unique<Symbol>(std::move(resource)), name);
+        show.repository.add(std::make_unique<Symbol>(std::move(resource)), name);
         return ref;
     }
 
@@ -55,9 +59,9 @@ protected:
         std::string keyword = parser.getToken();
         ComponentBuilder builder = findComponentBuilder(keyword.c_str());
         if (!builder) throw error("no component is built for " + keyword);
-        BorrowScope borrowed;
-        std::unique_ptr<Component> component = builder(sequencer(), parser);
-        component->keepAlive(borrowed.take());
+        ComponentContext context(keyword, parser, show, sequencer());
+        std::unique_ptr<Component> component = builder(context);
+        component->keepAlive(context.takeBorrowed());
         return component;
     }
 
@@ -65,14 +69,9 @@ private:
     Sequencer& sequencer() {
         if (!sequencer_) {
             writeFile("main.txt", "");
-            sequencer_ = std::make_unique<Sequencer>("main.txt");
+            sequencer_ = std::make_unique<Sequencer>("main.txt", show);
         }
         return *sequencer_;
-    }
-    static void resetState() {
-        Repository::instance().clear();
-        endOfDemo() = false;
-        resetRandomSeeds();
     }
     ScratchDir dir_;
     std::unique_ptr<Sequencer> sequencer_;

@@ -4,8 +4,8 @@
 #include <random>
 #include <sstream>
 
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 
 namespace vz::test {
 

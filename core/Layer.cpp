@@ -1,15 +1,15 @@
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
 
 #include <cstdlib>
 #include <string>
 
-#include "shell/LayerManager.hpp"
-#include "shell/error.hpp"
+#include "core/LayerManager.hpp"
+#include "core/error.hpp"
 
 namespace vz {
 
 void Layer::checkSize(const char* kind, std::int64_t w, std::int64_t h) {
-    if (w < 1 || h < 1 || w > maxSide || h > maxSide || w * h > maxPixels)
+    if (!sizeAccepted(w, h))
         throw error(std::string(kind) + " : invalid size " + std::to_string(w) + "x" + std::to_string(h));
 }
 

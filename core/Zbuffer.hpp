@@ -8,7 +8,7 @@
 // a plain Layer32bpp is not accepted where a Zbuffer is asked for.
 #include <cstdint>
 
-#include "script/Layer.hpp"
+#include "core/Layer.hpp"
 
 namespace vz {
 

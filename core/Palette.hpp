@@ -4,7 +4,7 @@
 #include <array>
 #include <cstdint>
 
-#include "script/Resource.hpp"
+#include "core/Resource.hpp"
 
 namespace vz {
 

@@ -12,4 +12,9 @@ public:
     const char* message() const noexcept { return what(); }
 };
 
+// The one way a fatal failure is reported: `logText` goes to the log between two dash
+// lines, then error(message) is raised. Most failures log the text they raise.
+[[noreturn]] void fatal(const std::string& logText, const std::string& message);
+[[noreturn]] inline void fatal(const std::string& text) { fatal(text, text); }
+
 }  // namespace vz

@@ -1,4 +1,4 @@
-#include "script/Zbuffer.hpp"
+#include "core/Zbuffer.hpp"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
-#include "shell/logstream.hpp"
+#include "core/logstream.hpp"
 
 #include <gtest/gtest.h>
 
 #include <cctype>
 
-#include "shell/error.hpp"
+#include "core/error.hpp"
 #include "support/TestSupport.hpp"
 
 namespace vz {

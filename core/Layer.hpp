@@ -2,10 +2,12 @@
 // Rectangular pixel buffers: the surfaces every effect draws on. Pixel memory of the
 // 32-bit and 8-bit layers comes from the LayerManager's slots (or the heap when no
 // manager exists); the "screen" layer is a view over the display's own memory.
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
-#include "script/Resource.hpp"
+#include "core/Resource.hpp"
 
 namespace vz {
 
@@ -31,7 +33,11 @@ public:
     // Largest layer accepted from a script or a file: guards every size computation.
     static constexpr int maxSide = 32768;
     static constexpr std::int64_t maxPixels = std::int64_t{1} << 26;
-    // Throws error("<kind> : invalid size WxH") unless 1 <= w, h and the area fits.
+    // True when 1 <= w, h <= maxSide and the area is at most maxPixels.
+    static bool sizeAccepted(std::int64_t w, std::int64_t h) {
+        return w >= 1 && h >= 1 && w <= maxSide && h <= maxSide && w * h <= maxPixels;
+    }
+    // Throws error("<kind> : invalid size WxH") unless the size is accepted.
     static void checkSize(const char* kind, std::int64_t w, std::int64_t h);
 
 protected:
@@ -39,6 +45,14 @@ protected:
     void* takeMemory(std::int64_t bytes);
     void giveBackMemory(void* memory);
 };
+
+// The number of pixels every listed layer holds: runs that combine several layers as
+// flat runs stop at the shortest one, so a script pairing a small map or source with a
+// larger target leaves the rest of the target as it is instead of reading past the end.
+template <class... Layers>
+std::size_t sharedCount(const Layers&... layers) {
+    return static_cast<std::size_t>(std::min({layers.pixelCount()...}));
+}
 
 class Layer32bpp : public Layer {
 public:

@@ -1,12 +1,12 @@
-#include "shell/LayerManager.hpp"
+#include "core/LayerManager.hpp"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdint>
 
-#include "script/Layer.hpp"
-#include "shell/error.hpp"
+#include "core/Layer.hpp"
+#include "core/error.hpp"
 #include "support/TestSupport.hpp"
 
 namespace vz {

@@ -1,10 +1,10 @@
-#include "shell/LayerManager.hpp"
+#include "core/LayerManager.hpp"
 
 #include <cstdlib>
 #include <cstring>
 
-#include "shell/error.hpp"
-#include "shell/logstream.hpp"
+#include "core/error.hpp"
+#include "core/logstream.hpp"
 
 namespace vz {
 

@@ -1,4 +1,4 @@
-#include "script/Palette.hpp"
+#include "core/Palette.hpp"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
-#include "shell/logstream.hpp"
+#include "core/logstream.hpp"
 
 #include <sys/stat.h>
 #include <ctime>
 #include <fstream>
 
-#include "shell/error.hpp"
+#include "core/error.hpp"
 
 namespace vz {
 
