@@ -23,7 +23,6 @@
 #include <thread>
 #include <vector>
 
-#include "shell/display/Timer.hpp"
 #include "shell/sound/SoundSystem.hpp"
 #include "tests/shell/ModWriter.hpp"
 

@@ -13,7 +13,6 @@
 
 #include "script/Sequencer.hpp"
 #include "shell/Player.hpp"
-#include "shell/display/Timer.hpp"
 #include "shell/display/headless/HeadlessConsole.hpp"
 
 namespace {
@@ -64,7 +63,6 @@ void playSample(benchmark::State& state) {
     const double fps = 50.0;
     for (auto _ : state) {
         fs::current_path(demo);
-        vz::Timer::instance().driveByFrames(fps);
         vz::Options options;
         options.headless = true;
         options.fps = fps;
@@ -99,7 +97,6 @@ void playSample(benchmark::State& state) {
             std::chrono::duration<double, std::milli>(console.presented.front() - start).count();
         state.SetItemsProcessed(static_cast<std::int64_t>(console.presented.size()) * width * height);
     }
-    vz::Timer::instance().driveByFrames(0);
 }
 
 BENCHMARK(playSample)->Args({640, 480})->Args({1920, 1080})->Iterations(1)->Unit(benchmark::kSecond);

@@ -77,12 +77,12 @@ void measure(benchmark::State& state, FrameFn&& frameFn) {
 
 void BM_Tunnel32(benchmark::State& state) {
     measure(state, [](Frame& f, std::uint32_t offset) {
-        vz::mapTunnel32(f.dst.data(), f.table.data(), f.texture.data(), f.n, offset);
+        vz::mapTunnel(f.dst.data(), f.table.data(), f.texture.data(), f.n, offset);
     });
 }
 void BM_Tunnel8(benchmark::State& state) {
     measure(state, [](Frame& f, std::uint32_t offset) {
-        vz::mapTunnel8(f.dst8.data(), f.table.data(), f.texture8.data(), f.n, offset);
+        vz::mapTunnel(f.dst8.data(), f.table.data(), f.texture8.data(), f.n, offset);
     });
 }
 void BM_TunnelLit(benchmark::State& state) {

@@ -19,7 +19,6 @@
 #include "shell/TextOverlay.hpp"
 #include "shell/display/Display.hpp"
 #include "shell/display/PngWriter.hpp"
-#include "shell/display/Timer.hpp"
 #include "shell/sound/SoundSystem.hpp"
 
 namespace vz {
@@ -87,13 +86,13 @@ void reportFatal(const std::string& message) {
 }  // namespace
 
 int playDemo(const Options& options, Console& console) {
-    // 1. A fresh log.
+    // A fresh log.
     logstream& log = logstream::instance();
     log.reset();
     log.open();
-    // 2. Configuration.
+    // Configuration.
     Config config = Config::read("config.txt");
-    // 3. Memory slots: a screen slot holds an 8-bit layer of the band's size.
+    // Memory slots: a screen slot holds an 8-bit layer of the band's size.
     LayerManager::install(
         std::make_unique<LayerManager>(config.smallSlotCount, config.screenSlotCount,
                                        static_cast<std::int64_t>(config.windowHeight) * config.hardwareWidth));
@@ -101,38 +100,38 @@ int playDemo(const Options& options, Console& console) {
     SoundSystem& sound = SoundSystem::instance();
     int status = 0;
     try {
-        // 4-7. Display objects; the surface stays locked for the whole run.
+        // Display objects; the surface stays locked for the whole run.
         Format format;
         Surface surface(config.hardwareWidth, config.hardwareHeight, format);
         std::uint32_t* memory = surface.lock();
-        // 8. Archive.
+        // Archive.
         if (config.archive) File::switchToArchive(config.archiveName);
-        // 9. The "screen" layer: a view over the band of the surface.
+        // The "screen" layer: a view over the band of the surface.
         auto screen = std::make_unique<Layer32bpp>(
             config.hardwareWidth, config.windowHeight,
             memory + static_cast<std::size_t>(config.topOffset) * static_cast<std::size_t>(config.hardwareWidth));
         auto screenSymbol = std::make_unique<Symbol>(std::move(screen));
-        // 10. Black surface.
+        // Black surface.
         std::fill_n(memory, static_cast<std::size_t>(surface.width()) * static_cast<std::size_t>(surface.height()), 0u);
-        // 11. The timeline script.
+        // The timeline script.
         Show show;
         Sequencer sequencer("main.txt", show);
-        // 12. Scripts refer to the display as "screen".
+        // Scripts refer to the display as "screen".
         show.repository.add(std::move(screenSymbol), "screen");
-        // 13-14. Component listing.
+        // Component listing.
         logout() << lend;
         sequencer.factory().writeList(logout());
         logout() << lend;
         Layer32bpp& screenLayer = show.repository.aquireAs<Layer32bpp>("screen");
-        // 15. The text overlay.
+        // The text overlay.
         TextOverlay& overlay = TextOverlay::instance();
         overlay.reset();
-        // 16. Time and sound.
+        // Time and sound.
         sound.initialise(config.nosound, options.headless ? AudioMode::lockStep : AudioMode::device, options.fps);
         if (!options.audioOut.empty()) sound.setAudioOut(options.audioOut);
-        // 17. The window.
+        // The window.
         console.open(consoleTitle, config.hardwareWidth, config.hardwareHeight, format, 0);
-        // 18. Heading of the interpretation.
+        // Heading of the interpretation.
         logout() << lend << "Interpretation of main.txt : " << lend << lend;
 
         FrameCounter counter;
@@ -162,10 +161,9 @@ int playDemo(const Options& options, Console& console) {
             console.update();
             outputs.afterFrame(surface, t);
             sound.endFrame();
-            Timer::instance().frameDone();
             if (options.until && t >= *options.until) break;
         }
-        // Shut-down steps 1-4.
+        // Shut-down.
         surface.unlock();
         console.close();
         // The sequencer dies when this scope ends; "screen" goes with the repository.
@@ -177,7 +175,7 @@ int playDemo(const Options& options, Console& console) {
         reportFatal(e.message());
         status = options.headless ? 1 : 0;
     }
-    // 5-6. Sound, then the log.
+    // Sound, then the log.
     if (!config.nosound) sound.close();
     log.close();
     return status;

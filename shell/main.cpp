@@ -9,7 +9,6 @@
 #include "shell/CommandLine.hpp"
 #include "shell/Player.hpp"
 #include "shell/display/Display.hpp"
-#include "shell/display/Timer.hpp"
 
 namespace fs = std::filesystem;
 
@@ -84,7 +83,6 @@ int main(int argc, char** argv) {
         return 2;
     }
 
-    if (options.headless) vz::Timer::instance().driveByFrames(options.fps);
     auto console = options.headless ? vz::makeHeadlessConsole() : vz::makeWindowConsole();
     try {
         return vz::playDemo(options, *console);

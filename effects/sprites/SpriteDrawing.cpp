@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "core/Fixed16.hpp"
+
 namespace vz {
 
 namespace {
@@ -16,17 +18,15 @@ int saturate(double v) {
     return static_cast<int>(v);
 }
 
-std::uint32_t stepOf(float scale) {
-    // Only called for a scale that gives a drawn size of at least one pixel, so the
-    // quotient is below 2^31 (picture sides are at most 32768).
-    return static_cast<std::uint32_t>(std::trunc(65536.0 / scale));
-}
+// Only called for a scale that gives a drawn size of at least one pixel, so the step is
+// below 2^31 (picture sides are at most 32768).
+std::uint32_t stepOf(float scale) { return fixed16::stepForScale(scale); }
 
 // The longest run from `start` (16.16) stepping `step` whose last position still lies
 // in a picture of `size` pixels. Rounding of the float scale could otherwise let the
 // last target pixel read one column or row past the picture.
 std::int64_t runInside(std::uint64_t start, std::uint32_t step, int size) {
-    const std::uint64_t end = static_cast<std::uint64_t>(size) << 16;
+    const std::uint64_t end = static_cast<std::uint64_t>(size) << fixed16::shift;
     if (start >= end) return 0;
     if (step == 0) return limit;
     return static_cast<std::int64_t>((end - 1 - start) / step) + 1;

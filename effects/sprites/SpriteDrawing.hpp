@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <optional>
 
+#include "core/Fixed16.hpp"
 #include "core/Layer.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 
@@ -29,9 +30,9 @@ struct SpriteRun {
     int dstY = 0;
     std::uint32_t srcX = 0;  // 16.16 source position of the run's first column and row
     std::uint32_t srcY = 0;
-    std::uint32_t stepX = 65536;  // 16.16 source advance per target pixel
-    std::uint32_t stepY = 65536;
-    bool unscaled() const { return stepX == 65536 && stepY == 65536; }
+    std::uint32_t stepX = fixed16::one;  // 16.16 source advance per target pixel
+    std::uint32_t stepY = fixed16::one;
+    bool unscaled() const { return stepX == fixed16::one && stepY == fixed16::one; }
 };
 
 // Centres the sprite's scaled size on normalised (x, y):
@@ -54,7 +55,7 @@ template <class PixelFn>
 inline void walkSprite(Layer32bpp& target, const SpriteRun& run, int stride, PixelFn&& pixel) {
     const std::size_t columns = static_cast<std::size_t>(run.width);
     if (run.unscaled()) {
-        std::size_t source = static_cast<std::size_t>(run.srcY >> 16) * stride + (run.srcX >> 16);
+        std::size_t source = static_cast<std::size_t>(fixed16::indexOf(run.srcY)) * stride + fixed16::indexOf(run.srcX);
         for (int y = 0; y < run.height; ++y, source += stride) {
             std::uint32_t* dst = target.row(run.dstY + y) + run.dstX;
             for (std::size_t x = 0; x < columns; ++x) pixel(dst[x], source + x);
@@ -64,9 +65,10 @@ inline void walkSprite(Layer32bpp& target, const SpriteRun& run, int stride, Pix
     std::uint32_t sourceY = run.srcY;
     for (int y = 0; y < run.height; ++y, sourceY += run.stepY) {
         std::uint32_t* dst = target.row(run.dstY + y) + run.dstX;
-        const std::size_t rowStart = static_cast<std::size_t>(sourceY >> 16) * stride;
+        const std::size_t rowStart = static_cast<std::size_t>(fixed16::indexOf(sourceY)) * stride;
         std::uint32_t sourceX = run.srcX;
-        for (std::size_t x = 0; x < columns; ++x, sourceX += run.stepX) pixel(dst[x], rowStart + (sourceX >> 16));
+        for (std::size_t x = 0; x < columns; ++x, sourceX += run.stepX)
+            pixel(dst[x], rowStart + fixed16::indexOf(sourceX));
     }
 }
 

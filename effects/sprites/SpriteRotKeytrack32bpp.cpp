@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "core/Fixed16.hpp"
 #include "core/Layer.hpp"
 #include "effects/sprites/SpriteDrawing.hpp"
 #include "script/Component.hpp"
@@ -37,7 +38,7 @@ RotatedSprite rotate(int width, int height, float scale, float angle) {
     // Far too large boxes stay empty: they would only ever show a few picture pixels.
     if (!(boxW < 65536.0 && boxH < 65536.0)) return r;
     r.box = Sprite{static_cast<int>(boxW), static_cast<int>(boxH)};
-    const double fixed = 65536.0 / scale;
+    const double fixed = fixed16::one / scale;
     r.uPerX = std::llround(c * fixed);
     r.vPerX = std::llround(-s * fixed);
     r.uPerY = std::llround(s * fixed);
@@ -45,8 +46,8 @@ RotatedSprite rotate(int width, int height, float scale, float angle) {
     // Pixel centres: box pixel (bx, by) sits at (bx + 0.5 - boxW / 2, by + 0.5 - boxH / 2)
     // from the box centre, which is the picture's centre.
     const double dx = 0.5 - boxW / 2.0, dy = 0.5 - boxH / 2.0;
-    r.startU = std::llround((c * dx + s * dy) * fixed + width * 32768.0);
-    r.startV = std::llround((-s * dx + c * dy) * fixed + height * 32768.0);
+    r.startU = std::llround((c * dx + s * dy) * fixed + width * (fixed16::one / 2.0));
+    r.startV = std::llround((-s * dx + c * dy) * fixed + height * (fixed16::one / 2.0));
     return r;
 }
 
@@ -77,7 +78,7 @@ public:
 
 private:
     void draw(const RotatedSprite& r, const SpriteRun& run, int rendu) {
-        const std::int64_t skipX = run.srcX >> 16, skipY = run.srcY >> 16;
+        const std::int64_t skipX = fixed16::indexOf(run.srcX), skipY = fixed16::indexOf(run.srcY);
         const std::uint32_t* pixels = picture_.pixels;
         const auto w = static_cast<std::uint64_t>(picture_.width), h = static_cast<std::uint64_t>(picture_.height);
         withRendu(rendu, [&](auto op) {
@@ -88,7 +89,8 @@ private:
                 std::int64_t u = rowU, v = rowV;
                 for (int x = 0; x < run.width; ++x, u += r.uPerX, v += r.vPerX) {
                     // Negative positions become huge unsigned values and fail the test too.
-                    const auto pu = static_cast<std::uint64_t>(u >> 16), pv = static_cast<std::uint64_t>(v >> 16);
+                    const auto pu = static_cast<std::uint64_t>(u >> fixed16::shift);
+                    const auto pv = static_cast<std::uint64_t>(v >> fixed16::shift);
                     if (pu >= w || pv >= h) continue;
                     if (const std::uint32_t s = pixels[pv * w + pu]) dst[x] = blend::op<op()>(s, dst[x]);
                 }

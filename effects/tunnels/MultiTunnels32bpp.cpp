@@ -70,7 +70,7 @@ public:
             else
                 accumulateTableRect(combined, window, offset);
         }
-        mapTunnel32(target_.pixels, combined_->pixels, texture_.pixels, static_cast<std::size_t>(w) * h, 0);
+        mapTunnel(target_.pixels, combined_->pixels, texture_.pixels, static_cast<std::size_t>(w) * h, 0);
     }
 
 private:

@@ -16,47 +16,31 @@ std::size_t count(const Layer& target) { return static_cast<std::size_t>(target.
 
 }  // namespace
 
-class Tunnel32bpp : public Component {
+// The plain tunnel, for 32-bit and 8-bit layers alike.
+template <class L>
+class Tunnel : public Component {
 public:
-    Tunnel32bpp(ComponentContext& in)
-        : target_(in.symbol<Layer32bpp>()),
-          texture_(in.symbol<Layer32bpp>()),
+    Tunnel(ComponentContext& in)
+        : target_(in.symbol<L>()),
+          texture_(in.symbol<L>()),
           table_(in.symbol<OffsetsTable>()),
           track_(in.symbol<KeytrackVector2>()) {
         in.requireFullTable("the texture", texture_);
         in.requirePixelCount("offsets table", table_, target_);
     }
     void run(float t) override {
-        mapTunnel32(target_.pixels, table_.pixels, texture_.pixels, count(target_), tunnelOffset(track_.sample(t), t));
+        mapTunnel(target_.pixels, table_.pixels, texture_.pixels, count(target_), tunnelOffset(track_.sample(t), t));
     }
 
 private:
-    Layer32bpp& target_;
-    const Layer32bpp& texture_;
+    L& target_;
+    const L& texture_;
     const OffsetsTable& table_;
     KeytrackVector2& track_;
 };
 
-class Tunnel8bpp : public Component {
-public:
-    Tunnel8bpp(ComponentContext& in)
-        : target_(in.symbol<Layer8bpp>()),
-          texture_(in.symbol<Layer8bpp>()),
-          table_(in.symbol<OffsetsTable>()),
-          track_(in.symbol<KeytrackVector2>()) {
-        in.requireFullTable("the texture", texture_);
-        in.requirePixelCount("offsets table", table_, target_);
-    }
-    void run(float t) override {
-        mapTunnel8(target_.pixels, table_.pixels, texture_.pixels, count(target_), tunnelOffset(track_.sample(t), t));
-    }
-
-private:
-    Layer8bpp& target_;
-    const Layer8bpp& texture_;
-    const OffsetsTable& table_;
-    KeytrackVector2& track_;
-};
+using Tunnel32bpp = Tunnel<Layer32bpp>;
+using Tunnel8bpp = Tunnel<Layer8bpp>;
 
 class TunnelLighted32bpp : public Component {
 public:

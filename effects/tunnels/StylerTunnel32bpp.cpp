@@ -28,8 +28,8 @@ public:
                             depthPerWidth * static_cast<float>(w), radiusOffset);
     }
     void run(float t) override {
-        mapTunnel32(target_.pixels, table_->pixels, texture_.pixels, static_cast<std::size_t>(target_.pixelCount()),
-                    tunnelOffset(track_.sample(t), t));
+        mapTunnel(target_.pixels, table_->pixels, texture_.pixels, static_cast<std::size_t>(target_.pixelCount()),
+                  tunnelOffset(track_.sample(t), t));
     }
 
 private:

@@ -23,17 +23,14 @@ std::uint32_t tunnelOffset(float speed, float rotation, float t) {
 // The loops are plain on purpose: one texel load per pixel bounds them, and gathers
 // (AVX2 or AVX-512) and hand-built SIMD versions measured no faster than an unrolled
 // scalar loop. Unrolling gains about 15 %.
-void mapTunnel32(std::uint32_t* dst, const std::uint32_t* table, const std::uint32_t* texture, std::size_t n,
-                 std::uint32_t offset) {
+template <class Pixel>
+void mapTunnel(Pixel* dst, const std::uint32_t* table, const Pixel* texture, std::size_t n, std::uint32_t offset) {
 #pragma GCC unroll 8
     for (std::size_t i = 0; i < n; ++i) dst[i] = texture[texelAddress(table[i], offset)];
 }
 
-void mapTunnel8(std::uint8_t* dst, const std::uint32_t* table, const std::uint8_t* texture, std::size_t n,
-                std::uint32_t offset) {
-#pragma GCC unroll 8
-    for (std::size_t i = 0; i < n; ++i) dst[i] = texture[texelAddress(table[i], offset)];
-}
+template void mapTunnel(std::uint32_t*, const std::uint32_t*, const std::uint32_t*, std::size_t, std::uint32_t);
+template void mapTunnel(std::uint8_t*, const std::uint32_t*, const std::uint8_t*, std::size_t, std::uint32_t);
 
 void mapTunnelLit(std::uint32_t* dst, const std::uint32_t* table, const std::uint8_t* texture,
                   const std::uint8_t* light, const std::uint32_t* lut, std::size_t n, std::uint32_t offset) {

@@ -27,11 +27,10 @@ inline std::uint32_t tunnelOffset(const Vector2& speed, float t) { return tunnel
 // The integer part (floor when `useFloor`, toward zero otherwise) of v, AND 255.
 int wrapToByte(double v, bool useFloor);
 
-// dst[i] = texture[address(table[i])]; textures hold at least 65,536 texels.
-void mapTunnel32(std::uint32_t* dst, const std::uint32_t* table, const std::uint32_t* texture, std::size_t n,
-                 std::uint32_t offset);
-void mapTunnel8(std::uint8_t* dst, const std::uint32_t* table, const std::uint8_t* texture, std::size_t n,
-                std::uint32_t offset);
+// dst[i] = texture[address(table[i])]; textures hold at least 65,536 texels. Made for
+// 32-bit and 8-bit pixels.
+template <class Pixel>
+void mapTunnel(Pixel* dst, const std::uint32_t* table, const Pixel* texture, std::size_t n, std::uint32_t offset);
 // Lit form: dst[i] = lut[light[i] * 256 + texture[address(table[i])]]; the light stays on
 // the screen while the texture scrolls. The LUT holds 65,536 colours.
 void mapTunnelLit(std::uint32_t* dst, const std::uint32_t* table, const std::uint8_t* texture,

@@ -8,12 +8,12 @@
 
 #include "core/error.hpp"
 #include "core/logstream.hpp"
-#include "shell/display/Timer.hpp"
 #include "shell/sound/AudioDevice.hpp"
 #include "shell/sound/DeviceClock.hpp"
 #include "shell/sound/MusicDecoder.hpp"
 #include "shell/sound/MusicFile.hpp"
 #include "shell/sound/SampleRate.hpp"
+#include "shell/sound/Timer.hpp"
 #include "shell/sound/WavWriter.hpp"
 
 namespace vz {
@@ -26,13 +26,6 @@ std::int64_t threadCpuNanoseconds() {
     timespec now{};
     clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
     return static_cast<std::int64_t>(now.tv_sec) * 1000000000 + now.tv_nsec;
-}
-
-void restartTimer() {
-    Timer& timer = Timer::instance();
-    timer.stop();
-    timer.set(0.0);
-    timer.start();
 }
 
 // Reads and opens a music file; null (said on stderr) when it cannot be played.
@@ -56,6 +49,7 @@ struct SoundSystem::State {
     AudioMode mode = AudioMode::device;
     double framesPerSecond = 50.0;
     float timeOffset = 0.0f;
+    Timer timer;  // the show's clock while no music plays
 
     AudioDevice device;
     std::unique_ptr<DeviceClock> clock;  // exists while the device is open
@@ -99,6 +93,12 @@ struct SoundSystem::State {
         musicFrames = 0;
     }
 
+    void restartTimer() {
+        timer.stop();
+        timer.set(0.0);
+        timer.start();
+    }
+
     void startMusic(const std::string& name, MusicKind nextKind, int where, float offset, double start) {
         restartTimer();
         timeOffset = offset;
@@ -132,7 +132,8 @@ void SoundSystem::initialise(bool nosound, AudioMode mode, double framesPerSecon
     s.frameAudio.clear();
     s.framesHandedOver = 0;
     s.callbackCpuNs = 0;
-    restartTimer();
+    s.timer.driveByFrames(mode == AudioMode::lockStep ? framesPerSecond : 0.0);
+    s.restartTimer();
     s.timeOffset = 0.0f;
     if (nosound || mode != AudioMode::device) return;
     std::string why;
@@ -149,7 +150,7 @@ void SoundSystem::initialise(bool nosound, AudioMode mode, double framesPerSecon
 
 float SoundSystem::currentTime() {
     State& s = *state_;
-    if (s.kind == MusicKind::none) return static_cast<float>(Timer::instance().time() + s.timeOffset);
+    if (s.kind == MusicKind::none) return static_cast<float>(s.timer.time() + s.timeOffset);
     const double heard = s.mode == AudioMode::lockStep ? static_cast<double>(s.musicFrames) / sampleRate
                                                        : s.clock->position(DeviceClock::Clock::now());
     return static_cast<float>(s.musicStart + heard + s.timeOffset);
@@ -187,6 +188,7 @@ void SoundSystem::setAudioOut(const std::string& path) {
 void SoundSystem::endFrame() {
     State& s = *state_;
     if (s.mode != AudioMode::lockStep) return;
+    s.timer.frameDone();
     const double samplesPerFrame = sampleRate / s.framesPerSecond;
     const auto first = std::llround(static_cast<double>(s.frameIndex) * samplesPerFrame);
     const auto next = std::llround(static_cast<double>(s.frameIndex + 1) * samplesPerFrame);

@@ -2,7 +2,7 @@
 // The process-wide sound state: the show's clock and the music that drives it.
 //
 // While a module or a stream plays, the show's time is the music's own clock plus a
-// time offset; otherwise it is the timer (shell/display/Timer.hpp) plus the offset.
+// time offset; otherwise it is the timer (shell/sound/Timer.hpp) plus the offset.
 // A module's clock is the time since it started playing (starting at a later order
 // changes what is heard, not the clock); a stream's clock is its playing position, so
 // it starts at the position it was started from.
@@ -19,7 +19,7 @@
 //   start-up:  SoundSystem::instance().initialise(nosound, mode, fps);
 //              (headless with --audio-out: setAudioOut(path) right after)
 //   each frame: t = currentTime(); ... run the sequencer with t, present ...;
-//              endFrame();   (then Timer::frameDone() in headless runs)
+//              endFrame();
 //   shut-down: close();
 // Everything is called from the main thread.
 #include <cstdint>
@@ -38,8 +38,9 @@ public:
     // Start-up: the timer is stopped, set to 0 and started, and the time offset is 0.
     // Unless `nosound`, device mode opens the audio device; a device that cannot be
     // opened leaves the show running on the timer (said once on standard error).
-    // `framesPerSecond` is the frame rate of lock-step rendering (ignored in device mode).
-    // Calling it again first closes what the previous call opened.
+    // Lock-step mode drives the timer and the music by frames at `framesPerSecond`;
+    // device mode runs the timer on real time and ignores it. Calling it again first
+    // closes what the previous call opened.
     void initialise(bool nosound, AudioMode mode, double framesPerSecond = 50.0);
 
     // The show's time in seconds: music clock (or timer) plus the time offset.
@@ -68,7 +69,7 @@ public:
     // stereo 16-bit WAV (throws error when it cannot be written or in device mode).
     void setAudioOut(const std::string& path);
     // End of every frame: in lock-step mode renders the frame's samples (and writes
-    // them to the WAV file); nothing in device mode.
+    // them to the WAV file) and moves the timer on by one frame; nothing in device mode.
     void endFrame();
     // The interleaved stereo samples the last endFrame() rendered.
     const std::vector<std::int16_t>& lastFrameAudio() const;

@@ -34,7 +34,6 @@ class MusicTest : public ::testing::Test {
 protected:
     void SetUp() override {
         writeBytes("song.mod", makeTestSong());
-        Timer::instance().driveByFrames(fps);
         startLog();
     }
     void TearDown() override { SoundSystem::instance().close(); }
@@ -205,7 +204,6 @@ TEST_F(MusicTest, StreamSeeksToItsStartTimeAndReplacesAndIsReplacedByModules) {
 
 TEST_F(MusicTest, WavLinesUpWithTheFrames) {
     // 24 frames per second: 1837.5 samples per frame, so frames alternate 1838 and 1837.
-    Timer::instance().driveByFrames(24.0);
     sound().initialise(false, AudioMode::lockStep, 24.0);
     sound().setAudioOut("out.wav");
     playFrames(3);

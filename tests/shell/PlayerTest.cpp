@@ -9,7 +9,6 @@
 #include "effects/sprites/TextDrawing.hpp"
 #include "script/Repository.hpp"
 #include "script/Sequencer.hpp"
-#include "shell/display/Timer.hpp"
 #include "shell/display/headless/HeadlessConsole.hpp"
 #include "support/TestSupport.hpp"
 
@@ -23,11 +22,7 @@ using test::writeFile;
 
 class PlayerTest : public ::testing::Test {
 protected:
-    PlayerTest() {
-        writeFile("config.txt", "64\n48\n40\n4\n8\n2\nNOSOUND\n");
-        Timer::instance().driveByFrames(100);
-    }
-    ~PlayerTest() override { Timer::instance().driveByFrames(0); }
+    PlayerTest() { writeFile("config.txt", "64\n48\n40\n4\n8\n2\nNOSOUND\n"); }
 
     int play(const std::string& script, double until) {
         writeFile("main.txt", script);

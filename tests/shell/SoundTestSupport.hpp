@@ -12,7 +12,6 @@
 #include "script/Sequencer.hpp"
 #include "script/Show.hpp"
 #include "script/TextParser.hpp"
-#include "shell/display/Timer.hpp"
 #include "shell/sound/SoundSystem.hpp"
 #include "support/TestSupport.hpp"
 
@@ -38,7 +37,6 @@ inline std::vector<std::int16_t> playFrames(int count) {
     std::vector<std::int16_t> all;
     for (int i = 0; i < count; ++i) {
         SoundSystem::instance().endFrame();
-        Timer::instance().frameDone();
         const auto& frame = SoundSystem::instance().lastFrameAudio();
         all.insert(all.end(), frame.begin(), frame.end());
     }

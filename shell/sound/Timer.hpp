@@ -1,7 +1,8 @@
 #pragma once
 // The show's clock when no music plays. Real time from the steady clock, or, for
 // headless runs, frame-driven time: frame n since the last reset reads n / fps, so
-// every run of the same demo sees the same times.
+// every run of the same demo sees the same times. The SoundSystem owns the one timer of
+// the player, beside the music whose clock takes over while it plays.
 #include <chrono>
 #include <cstdint>
 
@@ -9,15 +10,12 @@ namespace vz {
 
 class Timer {
 public:
-    // The process-wide timer (lives until the process ends).
-    static Timer& instance();
-
     void stop();
     void set(double seconds);  // the time the timer reads from here on (frames: reset to n = 0)
     void start();
     double time() const;  // seconds
 
-    // Switches to frame-driven time at `fps` frames per second (headless runs).
+    // Frame-driven time at `fps` frames per second (headless runs); 0: real time.
     void driveByFrames(double fps);
     bool frameDriven() const { return fps_ > 0; }
     double framesPerSecond() const { return fps_; }

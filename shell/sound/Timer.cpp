@@ -1,11 +1,6 @@
-#include "shell/display/Timer.hpp"
+#include "shell/sound/Timer.hpp"
 
 namespace vz {
-
-Timer& Timer::instance() {
-    static Timer timer;
-    return timer;
-}
 
 void Timer::stop() {
     if (running_ && !frameDriven()) base_ = time();
