@@ -1,5 +1,8 @@
 #include "script/ComponentContext.hpp"
 
+#include <sstream>
+
+#include "core/SafeNumbers.hpp"
 #include "core/error.hpp"
 #include "script/Show.hpp"
 #include "script/TextParser.hpp"
@@ -33,6 +36,16 @@ int ComponentContext::integerWithin(const char* name, int low, int high) {
 }
 
 float ComponentContext::real() { return parser_.getFloat(); }
+
+float ComponentContext::realWithin(const char* name, double low, double high) {
+    const float value = real();
+    if (!finiteWithin(value, low, high)) {
+        std::ostringstream what;
+        what << name << " " << value << " is not within " << low << " to " << high;
+        fail(what.str());
+    }
+    return value;
+}
 
 std::uint8_t ComponentContext::byte() { return static_cast<std::uint8_t>(parser_.getInt()); }
 
