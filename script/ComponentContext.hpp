@@ -47,6 +47,9 @@ public:
     // unless LOW <= N <= HIGH.
     int integerWithin(const char* name, int low, int high);
     float real();         // "%f"
+    // A float that becomes a size, a position or a time: "<name> V is not within LOW to
+    // HIGH" unless it is finite and LOW <= V <= HIGH.
+    float realWithin(const char* name, double low, double high);
     std::uint8_t byte();  // an "unsignedChar": the integer's low byte
     std::string word();   // a file name or a keyword
 
