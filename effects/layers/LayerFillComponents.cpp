@@ -1,6 +1,7 @@
 // Components that fill a whole layer: with a colour, through an alpha map, with a fade
 // between two colours, row by row (fadeLayer32bpp), and the alpha byte alone.
 #include "core/Palette.hpp"
+#include "effects/layers/AlphaBytes.hpp"
 #include "effects/palettes/ColourMix.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "effects/rendu/LayerRect.hpp"
@@ -10,6 +11,8 @@
 #include "script/Keytrack.hpp"
 
 namespace vz {
+
+namespace {
 
 class FillColor32bpp : public Component {
 public:
@@ -103,18 +106,16 @@ private:
 
 class FillAlphachannel32bpp : public Component {
 public:
-    FillAlphachannel32bpp(ComponentContext& in)
-        : target_(in.symbol<Layer32bpp>()), alpha_(std::uint32_t{in.byte()} << 24) {}
+    FillAlphachannel32bpp(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), alpha_(in.byte()) {}
 
-    void run(float) override {
-        std::uint32_t* pixel = target_.pixels;
-        for (std::size_t i = 0, n = sharedCount(target_); i < n; ++i) pixel[i] = (pixel[i] & 0x00FFFFFFu) | alpha_;
-    }
+    void run(float) override { fillAlphaBytes(target_.pixels, alpha_, sharedCount(target_)); }
 
 private:
     Layer32bpp& target_;
-    std::uint32_t alpha_;
+    std::uint8_t alpha_;
 };
+
+}  // namespace
 
 VZ_COMPONENT("fillColor32bpp", FillColor32bpp)
 VZ_COMPONENT("fillColorAlphamap32bpp", FillColorAlphamap32bpp)

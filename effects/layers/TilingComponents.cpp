@@ -31,8 +31,6 @@ struct RandomOffsets {
 // tile starts right of (or below) the origin and the band before it stays as it was.
 int wrappedOffset(KeytrackInt& track, float localTime, int size) { return track.sample(localTime) % size; }
 
-}  // namespace
-
 class CopyLayerRandomOffset32bpp : public Component {
 public:
     CopyLayerRandomOffset32bpp(ComponentContext& in)
@@ -124,6 +122,8 @@ private:
     KeytrackInt& offsetX_;
     KeytrackInt& offsetY_;
 };
+
+}  // namespace
 
 VZ_COMPONENT("copyLayerRandomOffset32bpp", CopyLayerRandomOffset32bpp)
 VZ_COMPONENT("copyBitmapLayerRandomOffset32bpp", CopyBitmapLayerRandomOffset32bpp)
