@@ -7,9 +7,8 @@
 
 namespace vz {
 
-std::vector<int> cornerCuts(int radius) {
+std::vector<int> cornerCuts(int r) {
     std::vector<int> cuts;
-    const int r = radius;
     for (int j = 0; j < r; ++j) {
         const double dy = r - j - 0.5;
         int outside = 0;
