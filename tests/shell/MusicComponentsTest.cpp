@@ -14,7 +14,7 @@
 #include "core/error.hpp"
 #include "shell/sound/SoundSystem.hpp"
 #include "shell/sound/WavWriter.hpp"
-#include "tests/shell/ModWriter.hpp"
+#include "tests/shell/TestSong.hpp"
 #include "tests/shell/SoundTestSupport.hpp"
 
 namespace vz::test {
