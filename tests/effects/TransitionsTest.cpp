@@ -1,16 +1,11 @@
 // Pattern transitions and the scan-line transitions, on small layers.
-#include <gtest/gtest.h>
-
 #include <set>
 
-#include "FilterTestPictures.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "support/EffectTestSupport.hpp"
 
 namespace vz::test {
 namespace {
-
-using Pixels = std::vector<std::uint32_t>;
 
 // A 4x2 target, its buffer and a pattern holding these greys in reading order.
 class PatternTransition : public EffectTest {
@@ -103,12 +98,7 @@ protected:
     std::string after(const std::string& line, float t) {
         std::fill_n(target_.pixels, 32, 0u);
         make(line)->run(t);
-        std::string text;
-        for (int i = 0; i < 32; ++i) {
-            if (i && i % 8 == 0) text += '|';
-            text += target_.pixels[i] ? static_cast<char>(target_.pixels[i]) : '.';
-        }
-        return text;
+        return textOf(target_, [](std::uint32_t p) { return p ? p : '.'; });
     }
     Layer32bpp& target_;
 };
