@@ -80,17 +80,6 @@ TEST(BoxBlurKernels, ColumnSweepEqualsThePlainColumnWalk) {
     }
 }
 
-TEST_F(Filter, LayersOfTheWrongSizeOrSharedAreRefused) {
-    addLayer32("dst", 4, 4);
-    addLayer32("src", 4, 5);
-    addLayer8("pattern", 4, 3);
-    const std::pair<const char*, const char*> cases[] = {
-        {"hBlurFilter32bpp dst src constInt 2", "hBlurFilter32bpp : source is 4x5, the target is 4x4"},
-        {"kernelBlurFilter32bpp dst dst", "kernelBlurFilter32bpp : target and source must be different layers"},
-        {"pixelizeFilter32bpp dst dst pattern", "pixelizeFilter32bpp : pattern is 4x3, the target is 4x4"}};
-    for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
-}
-
 TEST_F(Filter, FourNeighbourBlurSpreadsAWhitePixelAndLeavesTheBorder) {
     addLayer32("src", 5, 5).row(2)[2] = 0xFFFFFFFF;
     Layer32bpp& dst = addLayer32("dst", 5, 5, 0x11111111);

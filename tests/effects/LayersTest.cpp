@@ -156,23 +156,6 @@ TEST_F(LayersTest, OneLineFillsCopiesAndVideosOnAFreshTarget) {
     for (const auto& [line, w, h, expected] : cases) EXPECT_EQ(drawn(line, w, h), expected) << line;
 }
 
-TEST_F(LayersTest, BadParametersAreRefusedWhenTheLineIsRead) {
-    addLayer32("target", 4, 4);
-    numbered32("tile", 2, 2);
-    addLayer8("image", 4, 4);
-    addLayer32("small", 255, 256);
-    const std::pair<const char*, const char*> cases[] = {
-        {"copyLayerRandomOffset32bpp target tile -1 0 1 constInt 32",
-         "copyLayerRandomOffset32bpp : maxOffsetX -1 is not within 0 to 32768"},
-        {"copyLayerWrapAround32bpp tile tile constInt 0 constInt 0 constInt 32",
-         "copyLayerWrapAround32bpp : target and source must be different layers"},
-        {"playVideo32bpp target tile 0 constInt 0 constInt 32",
-         "playVideo32bpp : numFrames 0 is not within 1 to 32768"},
-        {"combination32bpp target image image small",
-         "combination32bpp : the lut must hold 256x256 entries, it is 255x256"}};
-    for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
-}
-
 TEST_F(LayersTest, FadeColorsRoundsHoldsTheForegroundAndWrapsBeforeTimeZero) {
     Layer32bpp& target = addLayer32("target", 2, 1);
     addColor("from", 0xFF000000);

@@ -133,10 +133,6 @@ TEST_F(Sprites, AlphaMapAlphaChannelAndBitmapForms) {
     addPalette("pal").colors[7] = 5;
     make("spriteBitmapKeytrack32bpp paletted indices pal constSprite 0 0 1 1")->run(0);
     EXPECT_EQ(view(paletted), "9959|9999");
-
-    addLayer8("narrow", 3, 1);
-    EXPECT_EQ(errorOf([&] { make("spriteAlphamapKeytrack32bpp screen pic narrow constSprite 0 0 1 1"); }),
-              "spriteAlphamapKeytrack32bpp : the alpha map is 3x1, the picture 4x1");
 }
 
 TEST_F(Sprites, RotatedSpriteTurnsClockwiseAndShrinksWithDepth) {

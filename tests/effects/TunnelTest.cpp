@@ -82,28 +82,6 @@ TEST_F(Tunnels, LitTunnelPicksLutEntryOfLightAndColour) {
     EXPECT_EQ(Pixels(out, out + 3), (Pixels{0xAB00FF21u, 0xAB00FFFFu, 0xAB00FFFFu}));
 }
 
-TEST_F(Tunnels, SizesAreCheckedWhenTheLineIsRead) {
-    addLayer32("screen", 4, 4);
-    addLayer32("small", 128, 128);
-    addTexture("tex");
-    addLayer8("tex8", 256, 256);
-    addLayer8("light", 4, 2);
-    addTable("off", 4, 4, Pixels(16));
-    addTable("short", 4, 3, Pixels(12));
-    const std::pair<const char*, const char*> cases[] = {
-        {"tunnel32bpp screen small off constVector2 0 0",
-         "tunnel32bpp : the texture must hold 256x256 entries, it is 128x128"},
-        {"tunnel32bpp screen tex short constVector2 0 0",
-         "tunnel32bpp : offsets table holds 12 pixels, the target needs 16"},
-        {"tunnelLighted32bpp screen tex8 light tex off constVector2 0 0",
-         "tunnelLighted32bpp : light map holds 8 pixels, the target needs 16"},
-        {"fennickCouloir32bpp screen tex8 small constFloat 0 constFloat 0",
-         "fennickCouloir32bpp : the lut must hold 256x256 entries, it is 128x128"},
-        {"multiTunnels32bpp screen tex constVector2 0 0 0",
-         "multiTunnels32bpp : the number of tunnels 0 is not within 1 to 16"}};
-    for (auto [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
-}
-
 TEST(TunnelTables, GeneratedEntriesAroundTheCentre) {
     Pixels table(9 * 9);
     generateTunnelTable({table.data(), 9, 9, 9}, 4, 4, 1.0f, 4096.0f, 4.0f);

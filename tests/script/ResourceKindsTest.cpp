@@ -1,7 +1,5 @@
 #include "script/ResourceKinds.hpp"
 
-#include <gtest/gtest.h>
-
 #include "ScriptTestSupport.hpp"
 #include "core/Palette.hpp"
 #include "core/Zbuffer.hpp"

@@ -1,7 +1,3 @@
-#include "script/Sequencer.hpp"
-
-#include <algorithm>
-
 #include "tests/script/TimelineProbes.hpp"
 
 namespace vz::test {

@@ -1,7 +1,4 @@
 // The parser of script lines, and the conversions of the words it reads.
-#include "script/TextParser.hpp"
-
-#include <gtest/gtest.h>
 
 #include "ScriptTestSupport.hpp"
 #include "script/TokenConversions.hpp"
