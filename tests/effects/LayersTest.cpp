@@ -20,13 +20,6 @@ protected:
         std::iota(layer.pixels, layer.pixels + layer.pixelCount(), first);
         return layer;
     }
-    // A fresh w x h "target" of untouched pixels after the line has run at t = 0.
-    Pixels drawn(const std::string& line, int w, int h) {
-        show.repository.sub("target");
-        Layer32bpp& target = addLayer32("target", w, h, X);
-        make(line)->run(0);
-        return pixelsOf(target);
-    }
 };
 
 // '.' for 0, '#' for 0xFF, '?' for anything else.
@@ -153,7 +146,12 @@ TEST_F(LayersTest, OneLineFillsCopiesAndVideosOnAFreshTarget) {
         {"playBitmapVideo32bpp target strip pal 2 constInt 1", 3, 1, {0x104, 0x105, 0x106}},
         {"combination32bpp target image light lut", 3, 1, {5, 65535, X}},  // light x 256 + colour
         {"scaleDown32bpp target block", 2, 2, {0x424242, 0x040404, 0x040404, 0x040404}}};
-    for (const auto& [line, w, h, expected] : cases) EXPECT_EQ(drawn(line, w, h), expected) << line;
+    for (const auto& [line, w, h, expected] : cases) {  // each on a fresh target of untouched pixels
+        show.repository.sub("target");
+        Layer32bpp& target = addLayer32("target", w, h, X);
+        make(line)->run(0);
+        EXPECT_EQ(pixelsOf(target), expected) << line;
+    }
 }
 
 TEST_F(LayersTest, FadeColorsRoundsHoldsTheForegroundAndWrapsBeforeTimeZero) {

@@ -76,12 +76,10 @@ TEST(TokenConversionsTest, KnownWordsAndNumbersConvertWithoutALogLine) {
                                                   {"288", 288},   {"-3", -3},     {"Normal", 32},  {"glenz", 32}};
     for (const auto& [word, value] : rendus) EXPECT_EQ(token2rendu(word), value) << word;
     EXPECT_EQ(token2rendu("99999999999"), 2147483647);
-    const std::pair<const char*, int> interpolations[] = {{"square", 0}, {"linear", 1}, {"spline", 2}, {"cosinus", 3}};
-    for (const auto& [word, value] : interpolations) EXPECT_EQ(token2interpolation(word), value) << word;
-    const std::pair<const char*, int> materials[] = {
-        {"texture32bpp", 0}, {"textureAnysize32bpp", 1}, {"texture8bpp", 2},  {"gouraud8bpp", 3},
-        {"flatColor", 4},    {"flatPattern", 5},         {"gouraud32bpp", 6}, {"dualTexture8bpp", 8}};
-    for (const auto& [word, value] : materials) EXPECT_EQ(token2materialId(word), value) << word;
+    // The interpolation and material words are tables of their own, used by the key file
+    // and material tests; one of each here.
+    EXPECT_EQ(token2interpolation("cosinus"), 3);
+    EXPECT_EQ(token2materialId("dualTexture8bpp"), 8);
     EXPECT_TRUE(token2bool("true"));
     EXPECT_FALSE(token2bool("false"));
     EXPECT_EQ(stopLogAndReadLines().size(), 5u);  // opening and closing lines only
