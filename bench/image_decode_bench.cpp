@@ -58,8 +58,9 @@ const vz::writers::IndexedPicture& picture() {
 
 // The picture through its palette, for the formats that store colours.
 vz::writers::RgbPicture colourPicture() {
+    const std::vector<std::uint32_t> colours = palette();
     std::vector<std::uint32_t> pixels;
-    for (auto i : pictureIndices()) pixels.push_back(palette()[i]);
+    for (auto i : pictureIndices()) pixels.push_back(colours[i]);
     return {side, side, pixels};
 }
 

@@ -1,5 +1,5 @@
-// The parser of script lines, and the conversions of the words it reads.
-
+// The parser of script lines, and the conversions of the words it reads. A file that
+// cannot be opened is the player-run test of a missing script: its log lines and text.
 #include "ScriptTestSupport.hpp"
 #include "script/TokenConversions.hpp"
 
@@ -56,15 +56,6 @@ TEST_F(TextParserTest, NumbersScanLikeTheCLibrary) {
     EXPECT_EQ(parser.getInt(), 0);  // nothing converts: a defined 0
     EXPECT_FALSE(parser.nextLine());
     EXPECT_EQ(copy, "1.5");  // the copy outlives the line
-}
-
-TEST_F(TextParserTest, OpenFailureLogsAndThrows) {
-    startLog();
-    EXPECT_EQ(errorOf([&] { parser.open("missing.txt"); }), "TextParser can not open file");
-    auto lines = stopLogAndReadLines();
-    ASSERT_GE(lines.size(), 5u);
-    EXPECT_EQ(std::vector<std::string>(lines.begin() + 2, lines.begin() + 5),
-              framed("Fatal: Parser : open failure of missing.txt"));
 }
 
 TEST(TokenConversionsTest, KnownWordsAndNumbersConvertWithoutALogLine) {
