@@ -4,9 +4,11 @@
 #include <vector>
 
 #include "tools/assetgen/Band.hpp"
-#include "tools/assetgen/Bytes.hpp"
+#include "tools/writers/Bytes.hpp"
 
 namespace vz::assetgen {
+
+using writers::Bytes;
 
 struct Asset {
     std::string name;

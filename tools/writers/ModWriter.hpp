@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "tools/assetgen/Bytes.hpp"
+#include "tools/writers/Bytes.hpp"
 
-namespace vz::assetgen {
+namespace vz::writers {
 
 constexpr int modChannels = 4;
 constexpr int modRows = 64;
@@ -53,4 +53,4 @@ int notePeriod(const std::string& note);
 // Throws std::invalid_argument when the song breaks a limit of the format.
 Bytes encodeMod(const ModSong& song);
 
-}  // namespace vz::assetgen
+}  // namespace vz::writers

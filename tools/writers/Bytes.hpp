@@ -1,10 +1,10 @@
 #pragma once
-// Little-endian byte appending and whole-file writing for the encoders.
+// Byte appending for the encoders: little-endian, big-endian and fixed-width text fields.
 #include <cstdint>
 #include <string>
 #include <vector>
 
-namespace vz::assetgen {
+namespace vz::writers {
 
 using Bytes = std::vector<uint8_t>;
 
@@ -29,8 +29,4 @@ inline void putText(Bytes& out, const std::string& text, size_t width) {
     for (size_t i = 0; i < width; ++i) out.push_back(i < text.size() ? uint8_t(text[i]) : 0);
 }
 
-// Writes the bytes as the whole content of the file; throws std::runtime_error on failure.
-void writeFile(const std::string& path, const Bytes& bytes);
-void writeFile(const std::string& path, const std::string& text);
-
-}  // namespace vz::assetgen
+}  // namespace vz::writers

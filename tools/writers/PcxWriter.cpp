@@ -1,8 +1,8 @@
-#include "tools/assetgen/PcxWriter.hpp"
+#include "tools/writers/PcxWriter.hpp"
 
 #include <stdexcept>
 
-namespace vz::assetgen {
+namespace vz::writers {
 
 namespace {
 constexpr int maxRun = 63;
@@ -23,8 +23,8 @@ void encodeLine(Bytes& out, const uint8_t* line, int width) {
 
 Bytes encodePcx(const IndexedPicture& picture) {
     const int w = picture.width, h = picture.height;
-    if (w <= 0 || h <= 0 || w > 65535 || h > 65535 || w % 2 != 0)
-        throw std::runtime_error("PCX pictures need an even width and sizes within 1..65535");
+    if (w <= 0 || h <= 0 || w > 65535 || h > 65535 || picture.pixels.size() != size_t(w) * size_t(h))
+        throw std::runtime_error("PCX pictures need sizes within 1..65535 and one index per pixel");
     Bytes out;
     out.reserve(128 + picture.pixels.size() + 769);
     put8(out, 10);  // manufacturer
@@ -53,4 +53,4 @@ Bytes encodePcx(const IndexedPicture& picture) {
     return out;
 }
 
-}  // namespace vz::assetgen
+}  // namespace vz::writers

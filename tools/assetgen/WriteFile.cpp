@@ -1,4 +1,4 @@
-#include "tools/assetgen/Bytes.hpp"
+#include "tools/assetgen/WriteFile.hpp"
 
 #include <fstream>
 #include <stdexcept>
@@ -14,7 +14,7 @@ void writeRaw(const std::string& path, const char* data, size_t size) {
 }
 }  // namespace
 
-void writeFile(const std::string& path, const Bytes& bytes) {
+void writeFile(const std::string& path, const writers::Bytes& bytes) {
     writeRaw(path, reinterpret_cast<const char*>(bytes.data()), bytes.size());
 }
 

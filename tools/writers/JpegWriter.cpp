@@ -1,4 +1,4 @@
-#include "tools/assetgen/JpegWriter.hpp"
+#include "tools/writers/JpegWriter.hpp"
 
 #include <cstdio>
 #include <cstdlib>
@@ -6,11 +6,11 @@
 
 #include <jpeglib.h>
 
-namespace vz::assetgen {
+namespace vz::writers {
 
 namespace {
-// An exception cannot cross the library's C frames safely, and an encoder failure
-// on pictures we drew ourselves is a bug in this tool: report it and stop.
+// An exception cannot cross the library's C frames safely, and an encoder failure on
+// pictures the caller drew is a bug in the caller: report it and stop.
 [[noreturn]] void stopOnError(j_common_ptr info) {
     char text[JMSG_LENGTH_MAX];
     (*info->err->format_message)(info, text);
@@ -19,7 +19,7 @@ namespace {
 }
 }  // namespace
 
-Bytes encodeJpeg(const RgbPicture& picture, int quality) {
+Bytes encodeJpeg(const RgbPicture& picture, int quality, JpegColour colour) {
     jpeg_compress_struct info{};
     jpeg_error_mgr errors{};
     info.err = jpeg_std_error(&errors);
@@ -33,6 +33,10 @@ Bytes encodeJpeg(const RgbPicture& picture, int quality) {
     info.input_components = 3;
     info.in_color_space = JCS_RGB;
     jpeg_set_defaults(&info);
+    if (colour == JpegColour::grey) jpeg_set_colorspace(&info, JCS_GRAYSCALE);
+    if (colour == JpegColour::fullChroma)
+        for (int i = 0; i < info.num_components; ++i)
+            info.comp_info[i].h_samp_factor = info.comp_info[i].v_samp_factor = 1;
     info.dct_method = JDCT_ISLOW;
     jpeg_set_quality(&info, quality, TRUE);
     jpeg_start_compress(&info, TRUE);
@@ -55,4 +59,4 @@ Bytes encodeJpeg(const RgbPicture& picture, int quality) {
     return out;
 }
 
-}  // namespace vz::assetgen
+}  // namespace vz::writers

@@ -1,9 +1,9 @@
-#include "tools/assetgen/ModWriter.hpp"
+#include "tools/writers/ModWriter.hpp"
 
 #include <algorithm>
 #include <stdexcept>
 
-namespace vz::assetgen {
+namespace vz::writers {
 
 namespace {
 // Periods of octaves 1 to 3 at finetune 0, C first.
@@ -88,4 +88,4 @@ Bytes encodeMod(const ModSong& song) {
     return out;
 }
 
-}  // namespace vz::assetgen
+}  // namespace vz::writers
