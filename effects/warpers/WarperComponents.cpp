@@ -1,0 +1,155 @@
+// The warpers: a picture deformed by ripples spreading from the centre (plain, or 8-bit
+// and lit through a look-up table), shaken by sine waves, or seen through a relief of
+// glass. They read pixels round the one they write, so the target cannot be its own
+// source; the source must be at least as large as the target, whose size it is read at.
+#include <cmath>
+#include <cstddef>
+#include <vector>
+
+#include "core/Layer.hpp"
+#include "core/SafeNumbers.hpp"
+#include "effects/procedural/SineTable.hpp"
+#include "effects/warpers/Displacement.hpp"
+#include "effects/warpers/Ripples.hpp"
+#include "effects/warpers/SinusShift.hpp"
+#include "script/Component.hpp"
+#include "script/ComponentContext.hpp"
+#include "script/Keytrack.hpp"
+
+namespace vz {
+
+namespace {
+
+// A shift in whole pixels; beyond the picture's size every pixel is clamped to an edge.
+int pixelShift(double pixels, const Layer& target) {
+    const int limit = std::max(target.width, target.height);
+    return clampToInt(std::floor(pixels + 0.5), -limit, limit);
+}
+
+}  // namespace
+
+// Ripples of `amplitude` pixels over a 32-bit picture.
+class SorbelWarper32bpp : public Component {
+public:
+    SorbelWarper32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          map_(in.symbol<Layer32bpp>()),
+          amplitude_(in.symbol<KeytrackFloat>()),
+          ripples_(target_.width, target_.height) {
+        in.requireDistinct(target_, map_);
+        in.requireCovers("the map", map_, target_);
+    }
+    void run(float t) override {
+        ripples_.frame(amplitude_.sample(t), t);
+        ripples_.warp(target_.pixels, map_.pixels, map_.width);
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer32bpp& map_;
+    KeytrackFloat& amplitude_;
+    Ripples ripples_;
+};
+
+// The same ripples over an 8-bit picture, each pixel coloured by the look-up table at the
+// light of the wave's slope: lut[light * 256 + index].
+class SorbelWarperLight32bpp : public Component {
+public:
+    SorbelWarperLight32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          map_(in.symbol<Layer8bpp>()),
+          lut_(in.symbol<Layer32bpp>()),
+          amplitude_(in.symbol<KeytrackFloat>()),
+          ripples_(target_.width, target_.height) {
+        in.requireCovers("the map", map_, target_);
+        in.requireFullTable("the lut", lut_);
+    }
+    void run(float t) override {
+        ripples_.frame(amplitude_.sample(t), t);
+        ripples_.warpLit(target_.pixels, map_.pixels, map_.width, lut_.pixels);
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer8bpp& map_;
+    const Layer32bpp& lut_;
+    KeytrackFloat& amplitude_;
+    Ripples ripples_;
+};
+
+// Rows shifted sideways and columns up and down by sine waves of `amplitude` pixels;
+// `frequence` waves fit in the target's height, both ways, and they travel at their own
+// paces so the picture never moves as one block.
+class KestrilWarper32bpp : public Component {
+public:
+    static constexpr double rowPace = 0.5, columnPace = 0.35;  // waves a second
+
+    KestrilWarper32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          amplitude_(in.symbol<KeytrackFloat>()),
+          frequence_(in.symbol<KeytrackFloat>()),
+          rowShift_(static_cast<std::size_t>(target_.height)),
+          columnShift_(static_cast<std::size_t>(target_.width)) {
+        in.requireDistinct(target_, source_);
+        in.requireCovers("the source", source_, target_);
+    }
+    void run(float t) override {
+        const double amplitude = amplitude_.sample(t), wavesPerPixel = frequence_.sample(t) / target_.height;
+        const int w = target_.width, h = target_.height;
+        const double pixels = pixelShift(amplitude, target_);
+        for (int y = 0; y < h; ++y)
+            rowShift_[y] =
+                pixelShift(pixels * sine::at(sine::phaseOfTurns(y * wavesPerPixel - rowPace * t)) / sine::one, target_);
+        for (int x = 0; x < w; ++x)
+            columnShift_[x] = pixelShift(
+                pixels * sine::at(sine::phaseOfTurns(x * wavesPerPixel - columnPace * t + 0.25)) / sine::one, target_);
+        for (int y = 0; y < h; ++y)
+            sinusShiftRow(target_.row(y), source_.pixels, source_.width, w, h, y, rowShift_[y], columnShift_.data());
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer32bpp& source_;
+    KeytrackFloat& amplitude_;
+    KeytrackFloat& frequence_;
+    std::vector<int> rowShift_, columnShift_;
+};
+
+// The source seen through the relief of an 8-bit map: a slope of one level a pixel (half
+// the difference of the two neighbours) moves the pixel by `intensity` pixels.
+class Displacement32bpp : public Component {
+public:
+    Displacement32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          map_(in.symbol<Layer8bpp>()),
+          intensity_(in.symbol<KeytrackFloat>()),
+          shift_(slopeCount) {
+        in.requireDistinct(target_, source_);
+        in.requireCovers("the source", source_, target_);
+        in.requireCovers("the map", map_, target_);
+    }
+    void run(float t) override {
+        const double perLevel = intensity_.sample(t) / 2.0;
+        for (int d = 0; d < slopeCount; ++d) shift_[d] = pixelShift((d - slopeCount / 2) * perLevel, target_);
+        const int w = target_.width, h = target_.height;
+        for (int y = 0; y < h; ++y)
+            displacementRow(target_.row(y), source_.pixels, source_.width, w, h, y, map_.row(std::max(0, y - 1)),
+                            map_.row(y), map_.row(std::min(h - 1, y + 1)), shift_.data());
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer32bpp& source_;
+    const Layer8bpp& map_;
+    KeytrackFloat& intensity_;
+    std::vector<int> shift_;
+};
+
+VZ_COMPONENT("sorbelWarper32bpp", SorbelWarper32bpp)
+VZ_COMPONENT("sorbelWarperLight32bpp", SorbelWarperLight32bpp)
+VZ_COMPONENT("kestrilWarper32bpp", KestrilWarper32bpp)
+VZ_COMPONENT("displacement32bpp", Displacement32bpp)
+
+}  // namespace vz
