@@ -33,7 +33,7 @@ void fireRow(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* b
 Fire::Fire(int w, int h, std::uint32_t seed)
     : w_(w),
       h_(h),
-      rise_(std::max(1, (h + 100) / 200)),
+      rise_(std::max(1, (h + 200) / 400)),
       seed_(seed),
       noise_(seed),
       cooling_(static_cast<std::size_t>(w) + coolingStarts) {

@@ -4,7 +4,8 @@
 // little cooling, so heat rises and fades; the bottom rows are the fuel, redrawn each step
 // as random hot and cold patches. Index 0 is cold, 255 the hottest.
 //
-// A step lifts the heat by one row for every 200 rows of the layer (at least one), and
+// A step lifts the heat by one row for every 400 rows of the layer (rounded, at least
+// one), and
 // the cooling is set so the flames reach about half the height: a fire looks the same on
 // any size of layer for the same number of steps.
 #include <cstddef>
