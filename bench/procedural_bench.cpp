@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 #include <cstdint>
 #include <filesystem>
 #include <fstream>
@@ -82,11 +83,12 @@ private:
         std::generate_n(layer->pixels, layer->pixelCount(), [&] { return random() & 0xFFFFFF; });
         return addSymbol(std::move(layer), name);
     }
-    // A smooth relief, so that slopes stay in the range a picture shows.
+    // A smooth relief, hills a few dozen pixels across, as maps and reliefs of pictures are.
     void add8(const std::string& name, int w, int h, std::mt19937&) {
         auto layer = std::make_unique<vz::Layer8bpp>(w, h);
         for (int y = 0; y < h; ++y)
-            for (int x = 0; x < w; ++x) layer->row(y)[x] = static_cast<std::uint8_t>((x * 3 + y * 5) ^ (x * y >> 6));
+            for (int x = 0; x < w; ++x)
+                layer->row(y)[x] = static_cast<std::uint8_t>(128 + 100 * std::sin(x / 23.0) * std::cos(y / 17.0));
         addSymbol(std::move(layer), name);
     }
 
@@ -141,6 +143,7 @@ VZ_BENCH_LINE(sorbelWarperLight, "sorbelWarperLight32bpp screen pic8 lut constFl
 VZ_BENCH_LINE(sorbelWarper, "sorbelWarper32bpp screen pic constFloat 6")
 VZ_BENCH_LINE(displacement, "displacement32bpp screen pic pic8 constFloat 0.5")
 VZ_BENCH_LINE(kestrilWarper, "kestrilWarper32bpp screen pic constFloat 8 constFloat 3")
+VZ_BENCH_LINE(kestrilWarper_still, "kestrilWarper32bpp screen pic constFloat 0 constFloat 3")
 VZ_BENCH_LINE(starFlower, "starFlower32bpp screen col constInt 33")
 VZ_BENCH_LINE(circle, "circle32bpp screen col constVector2 0 0 constFloat 150")
 VZ_BENCH_LINE(dashedCircle, "dashedCircle32bpp screen col constVector2 0 0 constFloat 150")

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "effects/procedural/ScalarChoice.hpp"
+
 namespace vz {
 
 LightSpot::LightSpot(int radius)
@@ -25,22 +27,36 @@ std::uint8_t LightSpot::at(int dx, int dy) const {
     return values_[static_cast<std::size_t>(y) * side_ + x];
 }
 
-void bumpRow(std::uint8_t* out, const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down, int w,
-             int lightX, int dy, const LightSpot& spot) {
-    if (w <= 0) return;
-    const int last = w - 1;
+namespace detail {
+
+void bumpPixels(std::uint8_t* out, const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down, int w,
+                int lightX, int dy, const LightSpot& spot, int from, int to) {
     // Everything the loop reads, in locals: the byte stores could otherwise alias them.
     const std::uint8_t* values = spot.values();
     const int edge = spot.radius() + 1;
     const auto side = static_cast<std::size_t>(spot.side());
-    auto pixel = [=](int x, int left, int right) {
-        const int sx = std::clamp(x - lightX - slopeGain * (row[right] - row[left]), -edge, edge) + edge;
-        const int sy = std::clamp(dy - slopeGain * (down[x] - up[x]), -edge, edge) + edge;
-        return values[static_cast<std::size_t>(sy) * side + static_cast<std::size_t>(sx)];
-    };
-    out[0] = pixel(0, 0, std::min(1, last));
-    for (int x = 1; x < last; ++x) out[x] = pixel(x, x - 1, x + 1);
-    if (last > 0) out[last] = pixel(last, last - 1, last);
+    const int last = w - 1;
+    for (int x = from; x < to; ++x) {
+        const int slopeX = row[std::min(x + 1, last)] - row[std::max(x - 1, 0)], slopeY = down[x] - up[x];
+        const int sx = std::clamp(x - lightX - slopeGain * slopeX, -edge, edge) + edge;
+        const int sy = std::clamp(dy - slopeGain * slopeY, -edge, edge) + edge;
+        out[x] = values[static_cast<std::size_t>(sy) * side + static_cast<std::size_t>(sx)];
+    }
+}
+
+}  // namespace detail
+
+void bumpRowScalar(std::uint8_t* out, const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down, int w,
+                   int lightX, int dy, const LightSpot& spot) {
+    detail::bumpPixels(out, up, row, down, w, lightX, dy, spot, 0, w);
+}
+
+void bumpRow(std::uint8_t* out, const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down, int w,
+             int lightX, int dy, const LightSpot& spot) {
+    if (scalarKernelsChosen())
+        bumpRowScalar(out, up, row, down, w, lightX, dy, spot);
+    else
+        bumpRowSse2(out, up, row, down, w, lightX, dy, spot);
 }
 
 }  // namespace vz

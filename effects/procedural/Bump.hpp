@@ -32,8 +32,21 @@ constexpr int slopeGain = 4;
 
 // One row of the lit relief, w pixels: out[x] = spot(x - lightX - gain (row[x+1] -
 // row[x-1]), dy - gain (down[x] - up[x])), where dy is the row's distance below the
-// light; a missing neighbour at either end is the pixel itself.
+// light; a missing neighbour at either end is the pixel itself. The SSE2 form makes the
+// spot addresses of eight pixels at once in 16-bit lanes and writes 0 at once where no
+// slope can bring the light (beyond the spot's radius plus gain x 255); the scalar form
+// is its reference.
 void bumpRow(std::uint8_t* out, const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down, int w,
              int lightX, int dy, const LightSpot& spot);
+void bumpRowScalar(std::uint8_t* out, const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down, int w,
+                   int lightX, int dy, const LightSpot& spot);
+void bumpRowSse2(std::uint8_t* out, const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down, int w,
+                 int lightX, int dy, const LightSpot& spot);
+
+namespace detail {
+// Pixels from .. to - 1 of a row by the scalar rule, either end included.
+void bumpPixels(std::uint8_t* out, const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down, int w,
+                int lightX, int dy, const LightSpot& spot, int from, int to);
+}  // namespace detail
 
 }  // namespace vz

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstring>
 
+#include "effects/procedural/ScalarChoice.hpp"
+
 namespace vz {
 
 namespace {
@@ -19,15 +21,42 @@ inline std::uint8_t cooled(unsigned sum, std::uint8_t cooling) {
 
 }  // namespace
 
-void fireRow(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2, const std::uint8_t* cooling,
-             std::size_t w) {
+namespace detail {
+
+void fireEnds(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2, const std::uint8_t* cooling,
+              std::size_t w) {
     if (w == 0) return;
     const std::size_t last = w - 1;
-    out[0] = cooled(below[0] + below[0] + below[std::min<std::size_t>(1, last)] + below2[0], cooling[0]);
-    // The inner pixels as one plain loop that the compiler turns into wide byte arithmetic.
-    for (std::size_t x = 1; x < last; ++x)
+    // Computed before either is stored: a row of one pixel is both ends.
+    const std::uint8_t first =
+        cooled(below[0] + below[0] + below[std::min<std::size_t>(1, last)] + below2[0], cooling[0]);
+    const std::uint8_t end =
+        cooled(below[last == 0 ? 0 : last - 1] + below[last] + below[last] + below2[last], cooling[last]);
+    out[0] = first;
+    out[last] = end;
+}
+
+void fireInner(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2, const std::uint8_t* cooling,
+               std::size_t from, std::size_t to) {
+    for (std::size_t x = from; x < to; ++x)
         out[x] = cooled(unsigned{below[x - 1]} + below[x] + below[x + 1] + below2[x], cooling[x]);
-    if (last > 0) out[last] = cooled(below[last - 1] + below[last] + below[last] + below2[last], cooling[last]);
+}
+
+}  // namespace detail
+
+void fireRowScalar(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2,
+                   const std::uint8_t* cooling, std::size_t w) {
+    if (w == 0) return;
+    detail::fireInner(out, below, below2, cooling, 1, w - 1);
+    detail::fireEnds(out, below, below2, cooling, w);
+}
+
+void fireRow(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2, const std::uint8_t* cooling,
+             std::size_t w) {
+    if (scalarKernelsChosen())
+        fireRowScalar(out, below, below2, cooling, w);
+    else
+        fireRowSse2(out, below, below2, cooling, w);
 }
 
 Fire::Fire(int w, int h, std::uint32_t seed)

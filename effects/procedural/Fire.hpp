@@ -18,9 +18,23 @@ namespace vz {
 
 // One row of the rise, w pixels, from two rows lower down:
 //   out[x] = max(0, ((below[x-1] + below[x] + below[x+1] + below2[x]) >> 2) - cooling[x]),
-// a missing neighbour at either end read from the pixel's own column.
+// a missing neighbour at either end read from the pixel's own column. The SSE2 form adds
+// sixteen pixels at once in 16-bit lanes; the scalar form is its reference.
 void fireRow(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2, const std::uint8_t* cooling,
              std::size_t w);
+void fireRowScalar(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2,
+                   const std::uint8_t* cooling, std::size_t w);
+void fireRowSse2(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2, const std::uint8_t* cooling,
+                 std::size_t w);
+
+namespace detail {
+// The two end pixels of a row, and the pixels from .. to - 1 that have both neighbours
+// (1 <= from, to <= w - 1): the scalar pieces the SSE2 form leaves.
+void fireEnds(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2, const std::uint8_t* cooling,
+              std::size_t w);
+void fireInner(std::uint8_t* out, const std::uint8_t* below, const std::uint8_t* below2, const std::uint8_t* cooling,
+               std::size_t from, std::size_t to);
+}  // namespace detail
 
 class Fire {
 public:

@@ -7,13 +7,24 @@
 
 namespace vz {
 
-// Moves for the slopes -255 to 255: shift[slope + 255].
+// Moves for the slopes -255 to 255: move[slope + 255].
 constexpr int slopeCount = 511;
 
+// The moves of one frame: sideways in pixels, downward in pixels and in picture indices
+// (times the stride); `largest` is the largest move.
+struct SlopeMoves {
+    const int* across;
+    const int* down;
+    const std::int64_t* downOffset;
+    int largest;
+};
+
 // Row y of a w x h target: slope x = right - left and slope y = down - up in the map rows
-// (the pixel itself at an end), dst[x] = src[(y + shift[slope y]) * stride + x + shift[slope x]],
-// held inside the picture.
+// (the pixel itself at an end), dst[x] = src[(y + move[slope y]) * stride + x +
+// move[slope x]], held inside the picture. Pixels the moves cannot take out of the
+// picture skip the clamps.
 void displacementRow(std::uint32_t* dst, const std::uint32_t* src, int stride, int w, int h, int y,
-                     const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down, const int* shift);
+                     const std::uint8_t* up, const std::uint8_t* row, const std::uint8_t* down,
+                     const SlopeMoves& moves);
 
 }  // namespace vz

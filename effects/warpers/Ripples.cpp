@@ -6,77 +6,94 @@
 
 #include "core/SafeNumbers.hpp"
 #include "effects/procedural/PolarTable.hpp"
+#include "effects/procedural/SineTable.hpp"
 #include "effects/warpers/WarpSampling.hpp"
 
 namespace vz {
 
 namespace {
 
-std::uint32_t signedByte(double unit) {
-    return static_cast<std::uint8_t>(static_cast<std::int8_t>(std::lround(unit * 127)));
-}
+double wavelengthOf(int h) { return std::max(2.0, h / 8.0); }
 
 }  // namespace
 
-Ripples::Ripples(int w, int h) : w_(w), h_(h) {
-    const double wavelength = std::max(2.0, h / 8.0);
-    entries_ = polarTable<std::uint32_t>(w, h, w / 2.0, h / 2.0, [&](double r, double turns) {
-        const double a = 2.0 * std::numbers::pi * turns;
-        return static_cast<std::uint32_t>(sine::phaseOfTurns(r / wavelength)) | signedByte(std::cos(a)) << 16 |
-               signedByte(std::sin(a)) << 24;
+Ripples::Ripples(int w, int h, int stride) : w_(w), h_(h), stride_(stride) {
+    const double wavelength = wavelengthOf(h);
+    entries_ = polarTable<std::uint16_t>(w, h, w / 2.0, h / 2.0, [&](double r, double turns) {
+        const auto place = static_cast<unsigned>(sine::phaseOfTurns(r / wavelength) * places / sine::steps);
+        const auto direction = static_cast<unsigned>(std::lround(turns * directions)) % directions;
+        return static_cast<std::uint16_t>(place * directions + direction);
     });
 }
 
 void Ripples::frame(float amplitude, float t) {
-    // Beyond the picture's size every pixel is clamped to an edge anyway.
-    const int limit = std::max(w_, h_);
-    const int fixedAmplitude = clampToInt(static_cast<double>(amplitude) * 256.0, -256 * limit, 256 * limit);
+    const double pixels = std::clamp(std::isnan(amplitude) ? 0.0 : static_cast<double>(amplitude),
+                                     -double(maxAmplitude), double(maxAmplitude));
     const int start = sine::phaseOfTurns(-static_cast<double>(t) * pace);
+    constexpr int placeStep = sine::steps / places, directionStep = sine::steps / directions;
     // The slope of the wave is amplitude x 2 pi / L x cos(...); one unit of slope moves the
     // light by 64, so the picture still shows through the light.
-    const double wavelength = std::max(2.0, h_ / 8.0);
-    const double slope =
-        std::clamp(static_cast<double>(fixedAmplitude) / 256.0 * 2.0 * std::numbers::pi / wavelength, -64.0, 64.0);
-    const int lightAmplitude = static_cast<int>(std::lround(64.0 * slope));
-    for (int p = 0; p < sine::steps; ++p) {
-        shift_[p] = static_cast<int>((static_cast<std::int64_t>(fixedAmplitude) * sine::at(p + start)) >> sine::shift);
-        light_[p] = static_cast<std::uint8_t>(
-            std::clamp(128 - ((lightAmplitude * sine::cosAt(p + start)) >> sine::shift), 0, 255));
+    const double slope = pixels * 2.0 * std::numbers::pi / wavelengthOf(h_);
+    const int lightAmplitude = static_cast<int>(std::lround(std::clamp(64.0 * slope, -4096.0, 4096.0)));
+    const auto fixedAmplitude = static_cast<std::int64_t>(std::lround(pixels * 256.0));  // 1/256 pixel
+    margin_ = 0;
+    for (int p = 0; p < places; ++p) {
+        const int phase = p * placeStep + start;
+        // The move along the direction, in 1/256 pixel.
+        const std::int64_t along = (fixedAmplitude * sine::at(phase)) >> sine::shift;
+        for (int d = 0; d < directions; ++d) {
+            // Rounded to whole pixels: along (1/256) x unit (1/16384).
+            const auto dx = static_cast<int>((along * sine::cosAt(d * directionStep) + (1 << 21)) >> 22);
+            const auto dy = static_cast<int>((along * sine::at(d * directionStep) + (1 << 21)) >> 22);
+            offset_[p * directions + d] = dy * stride_ + dx;
+            move_[p * directions + d] =
+                static_cast<std::uint16_t>(static_cast<std::uint8_t>(dx) | static_cast<std::uint8_t>(dy) << 8);
+            margin_ = std::max({margin_, std::abs(dx), std::abs(dy)});
+        }
+        light_[p] =
+            static_cast<std::uint8_t>(std::clamp(128 - ((lightAmplitude * sine::cosAt(phase)) >> sine::shift), 0, 255));
     }
 }
 
-namespace {
-
-// The picture index that target pixel (x, y) with entry e shows: the direction (a signed
-// byte, 127 a unit) times the shift (1/256 pixel), >> 15, gives pixels.
-inline std::size_t sourceOf(std::uint32_t e, int x, int y, const int* shift, int w, int h, std::size_t stride) {
-    const int s = shift[e & sine::mask];
-    const int sx = clampToEdge(x + ((static_cast<std::int8_t>(e >> 16) * s) >> 15), w);
-    const int sy = clampToEdge(y + ((static_cast<std::int8_t>(e >> 24) * s) >> 15), h);
-    return static_cast<std::size_t>(sy) * stride + static_cast<std::size_t>(sx);
+// Calls write(dst pixel, picture index, entry) for every target pixel: away from the rim
+// the index is the pixel's own plus the frame's offset; on the rim the move is clamped.
+template <class Write>
+void Ripples::walk(Write write) const {
+    const std::uint16_t* e = entries_.data();
+    const int w = w_, h = h_, m = margin_;
+    const auto stride = static_cast<std::size_t>(stride_);
+    const auto clamped = [&](int x, int y, std::uint16_t entry) {
+        const std::uint16_t move = move_[entry];
+        const int sx = clampToEdge(x + static_cast<std::int8_t>(move & 0xFF), w);
+        const int sy = clampToEdge(y + static_cast<std::int8_t>(move >> 8), h);
+        return static_cast<std::size_t>(sy) * stride + static_cast<std::size_t>(sx);
+    };
+    const int innerFrom = std::min(m, w), innerTo = std::max(innerFrom, w - m);
+    for (int y = 0; y < h; ++y, e += w) {
+        if (y < m || y >= h - m) {
+            for (int x = 0; x < w; ++x) write(y, x, clamped(x, y, e[x]), e[x]);
+            continue;
+        }
+        for (int x = 0; x < innerFrom; ++x) write(y, x, clamped(x, y, e[x]), e[x]);
+        const std::int64_t base = static_cast<std::int64_t>(y) * stride_;
+        const std::int32_t* offset = offset_.data();
+        for (int x = innerFrom; x < innerTo; ++x) write(y, x, static_cast<std::size_t>(base + x + offset[e[x]]), e[x]);
+        for (int x = innerTo; x < w; ++x) write(y, x, clamped(x, y, e[x]), e[x]);
+    }
 }
 
-}  // namespace
-
-void Ripples::warp(std::uint32_t* dst, const std::uint32_t* src, int stride) const {
-    const std::uint32_t* e = entries_.data();
-    const int* shift = shift_.data();
-    const int w = w_, h = h_;
-    const auto pitch = static_cast<std::size_t>(stride);
-    for (int y = 0; y < h; ++y, e += w, dst += w)
-        for (int x = 0; x < w; ++x) dst[x] = src[sourceOf(e[x], x, y, shift, w, h, pitch)];
+void Ripples::warp(std::uint32_t* dst, const std::uint32_t* src) const {
+    const auto w = static_cast<std::size_t>(w_);
+    walk([=](int y, int x, std::size_t from, std::uint16_t) { dst[static_cast<std::size_t>(y) * w + x] = src[from]; });
 }
 
-void Ripples::warpLit(std::uint32_t* dst, const std::uint8_t* src, int stride, const std::uint32_t* lut) const {
-    const std::uint32_t* e = entries_.data();
-    const int* shift = shift_.data();
+void Ripples::warpLit(std::uint32_t* dst, const std::uint8_t* src, const std::uint32_t* lut) const {
+    const auto w = static_cast<std::size_t>(w_);
     const std::uint8_t* light = light_.data();
-    const int w = w_, h = h_;
-    const auto pitch = static_cast<std::size_t>(stride);
-    for (int y = 0; y < h; ++y, e += w, dst += w)
-        for (int x = 0; x < w; ++x)
-            dst[x] = lut[static_cast<std::size_t>(light[e[x] & sine::mask]) << 8 |
-                         src[sourceOf(e[x], x, y, shift, w, h, pitch)]];
+    walk([=](int y, int x, std::size_t from, std::uint16_t e) {
+        dst[static_cast<std::size_t>(y) * w + x] =
+            lut[static_cast<std::size_t>(light[e / directions]) << 8 | src[from]];
+    });
 }
 
 }  // namespace vz

@@ -6,9 +6,19 @@
 
 namespace vz {
 
-// Row y of a w x h target: dst[x] = src[(y + columnShift[x]) * stride + x + rowShift],
-// both held inside the picture.
-void sinusShiftRow(std::uint32_t* dst, const std::uint32_t* src, int stride, int w, int h, int y, int rowShift,
-                   const int* columnShift);
+// The shifts of one frame: rowShift[y] sideways, columnShift[x] downward, and the same
+// column shifts times the picture's stride; `largest` is the largest column shift.
+struct SinusShifts {
+    const int* rowShift;
+    const int* columnShift;
+    const std::int64_t* columnOffset;
+    int largest;
+};
+
+// Row y of a w x h target: dst[x] = src[(y + columnShift[x]) * stride + x + rowShift[y]],
+// both held inside the picture. Rows the column shifts cannot take out of the picture
+// skip the clamps between the columns the row shift keeps inside.
+void sinusShiftRow(std::uint32_t* dst, const std::uint32_t* src, int stride, int w, int h, int y,
+                   const SinusShifts& shifts);
 
 }  // namespace vz

@@ -4,7 +4,7 @@
 
 #include "core/Fixed16.hpp"
 #include "core/SafeNumbers.hpp"
-#include "effects/rendu/BulkKernels.hpp"
+#include "effects/procedural/ScalarChoice.hpp"
 
 namespace vz {
 
@@ -24,7 +24,7 @@ void textureSpanScalar(std::uint32_t* dst, std::size_t n, const TiledTexture& te
 
 void textureSpan(std::uint32_t* dst, std::size_t n, const TiledTexture& texture, std::uint32_t u, std::uint32_t v,
                  std::uint32_t du, std::uint32_t dv) {
-    if (&activeKernels() == &scalarKernels())
+    if (scalarKernelsChosen())
         textureSpanScalar(dst, n, texture, u, v, du, dv);
     else
         textureSpanSse2(dst, n, texture, u, v, du, dv);

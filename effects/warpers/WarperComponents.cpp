@@ -2,8 +2,10 @@
 // and lit through a look-up table), shaken by sine waves, or seen through a relief of
 // glass. They read pixels round the one they write, so the target cannot be its own
 // source; the source must be at least as large as the target, whose size it is read at.
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <cstdlib>
 #include <vector>
 
 #include "core/Layer.hpp"
@@ -28,20 +30,20 @@ int pixelShift(double pixels, const Layer& target) {
 
 }  // namespace
 
-// Ripples of `amplitude` pixels over a 32-bit picture.
+// Ripples of `amplitude` pixels (held within +-127) over a 32-bit picture.
 class SorbelWarper32bpp : public Component {
 public:
     SorbelWarper32bpp(ComponentContext& in)
         : target_(in.symbol<Layer32bpp>()),
           map_(in.symbol<Layer32bpp>()),
           amplitude_(in.symbol<KeytrackFloat>()),
-          ripples_(target_.width, target_.height) {
+          ripples_(target_.width, target_.height, map_.width) {
         in.requireDistinct(target_, map_);
         in.requireCovers("the map", map_, target_);
     }
     void run(float t) override {
         ripples_.frame(amplitude_.sample(t), t);
-        ripples_.warp(target_.pixels, map_.pixels, map_.width);
+        ripples_.warp(target_.pixels, map_.pixels);
     }
 
 private:
@@ -60,13 +62,13 @@ public:
           map_(in.symbol<Layer8bpp>()),
           lut_(in.symbol<Layer32bpp>()),
           amplitude_(in.symbol<KeytrackFloat>()),
-          ripples_(target_.width, target_.height) {
+          ripples_(target_.width, target_.height, map_.width) {
         in.requireCovers("the map", map_, target_);
         in.requireFullTable("the lut", lut_);
     }
     void run(float t) override {
         ripples_.frame(amplitude_.sample(t), t);
-        ripples_.warpLit(target_.pixels, map_.pixels, map_.width, lut_.pixels);
+        ripples_.warpLit(target_.pixels, map_.pixels, lut_.pixels);
     }
 
 private:
@@ -90,7 +92,8 @@ public:
           amplitude_(in.symbol<KeytrackFloat>()),
           frequence_(in.symbol<KeytrackFloat>()),
           rowShift_(static_cast<std::size_t>(target_.height)),
-          columnShift_(static_cast<std::size_t>(target_.width)) {
+          columnShift_(static_cast<std::size_t>(target_.width)),
+          columnOffset_(columnShift_.size()) {
         in.requireDistinct(target_, source_);
         in.requireCovers("the source", source_, target_);
     }
@@ -101,11 +104,15 @@ public:
         for (int y = 0; y < h; ++y)
             rowShift_[y] =
                 pixelShift(pixels * sine::at(sine::phaseOfTurns(y * wavesPerPixel - rowPace * t)) / sine::one, target_);
-        for (int x = 0; x < w; ++x)
+        int largest = 0;
+        for (int x = 0; x < w; ++x) {
             columnShift_[x] = pixelShift(
                 pixels * sine::at(sine::phaseOfTurns(x * wavesPerPixel - columnPace * t + 0.25)) / sine::one, target_);
-        for (int y = 0; y < h; ++y)
-            sinusShiftRow(target_.row(y), source_.pixels, source_.width, w, h, y, rowShift_[y], columnShift_.data());
+            columnOffset_[x] = static_cast<std::int64_t>(columnShift_[x]) * source_.width;
+            largest = std::max(largest, std::abs(columnShift_[x]));
+        }
+        const SinusShifts shifts{rowShift_.data(), columnShift_.data(), columnOffset_.data(), largest};
+        for (int y = 0; y < h; ++y) sinusShiftRow(target_.row(y), source_.pixels, source_.width, w, h, y, shifts);
     }
 
 private:
@@ -114,6 +121,7 @@ private:
     KeytrackFloat& amplitude_;
     KeytrackFloat& frequence_;
     std::vector<int> rowShift_, columnShift_;
+    std::vector<std::int64_t> columnOffset_;
 };
 
 // The source seen through the relief of an 8-bit map: a slope of one level a pixel (half
@@ -125,18 +133,26 @@ public:
           source_(in.symbol<Layer32bpp>()),
           map_(in.symbol<Layer8bpp>()),
           intensity_(in.symbol<KeytrackFloat>()),
-          shift_(slopeCount) {
+          across_(slopeCount),
+          down_(slopeCount),
+          downOffset_(slopeCount) {
         in.requireDistinct(target_, source_);
         in.requireCovers("the source", source_, target_);
         in.requireCovers("the map", map_, target_);
     }
     void run(float t) override {
         const double perLevel = intensity_.sample(t) / 2.0;
-        for (int d = 0; d < slopeCount; ++d) shift_[d] = pixelShift((d - slopeCount / 2) * perLevel, target_);
+        int largest = 0;
+        for (int d = 0; d < slopeCount; ++d) {
+            across_[d] = down_[d] = pixelShift((d - slopeCount / 2) * perLevel, target_);
+            downOffset_[d] = static_cast<std::int64_t>(down_[d]) * source_.width;
+            largest = std::max(largest, std::abs(down_[d]));
+        }
+        const SlopeMoves moves{across_.data(), down_.data(), downOffset_.data(), largest};
         const int w = target_.width, h = target_.height;
         for (int y = 0; y < h; ++y)
             displacementRow(target_.row(y), source_.pixels, source_.width, w, h, y, map_.row(std::max(0, y - 1)),
-                            map_.row(y), map_.row(std::min(h - 1, y + 1)), shift_.data());
+                            map_.row(y), map_.row(std::min(h - 1, y + 1)), moves);
     }
 
 private:
@@ -144,7 +160,8 @@ private:
     const Layer32bpp& source_;
     const Layer8bpp& map_;
     KeytrackFloat& intensity_;
-    std::vector<int> shift_;
+    std::vector<int> across_, down_;
+    std::vector<std::int64_t> downOffset_;
 };
 
 VZ_COMPONENT("sorbelWarper32bpp", SorbelWarper32bpp)
