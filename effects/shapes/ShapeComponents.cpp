@@ -142,8 +142,15 @@ public:
         const int turn = sine::phaseOfTurns(spin * t);
         for (int a = 0; a < sine::steps; ++a)
             edge_[a] = static_cast<std::uint32_t>(size * profile_[(a - turn) & sine::mask]);
-        fillPolarMask(target_.pixels, entries_.data(), entries_.size(), edge_.data(), colour_.value,
-                      sampleRendu(rendu_, t));
+        // Only the square round the flower's reach can hold it.
+        const int w = target_.width, h = target_.height;
+        const int reachPixels = static_cast<int>(size / polarDistanceScale) + 1;
+        const int x0 = std::max(0, w / 2 - reachPixels), x1 = std::min(w, w / 2 + reachPixels + 1);
+        const int y0 = std::max(0, h / 2 - reachPixels), y1 = std::min(h, h / 2 + reachPixels + 1);
+        const int rendu = sampleRendu(rendu_, t);
+        for (int y = y0; y < y1; ++y)
+            fillPolarMask(target_.row(y) + x0, entries_.data() + static_cast<std::size_t>(y) * w + x0,
+                          static_cast<std::size_t>(x1 - x0), edge_.data(), colour_.value, rendu);
     }
 
 private:

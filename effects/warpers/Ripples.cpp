@@ -17,7 +17,7 @@ double wavelengthOf(int h) { return std::max(2.0, h / 8.0); }
 
 }  // namespace
 
-Ripples::Ripples(int w, int h, int stride) : w_(w), h_(h), stride_(stride) {
+Ripples::Ripples(int w, int h, int stride) : w_(w), h_(h), stride_(stride), row_(static_cast<std::size_t>(w)) {
     const double wavelength = wavelengthOf(h);
     entries_ = polarTable<std::uint16_t>(w, h, w / 2.0, h / 2.0, [&](double r, double turns) {
         const auto place = static_cast<unsigned>(sine::phaseOfTurns(r / wavelength) * places / sine::steps);
@@ -55,44 +55,41 @@ void Ripples::frame(float amplitude, float t) {
     }
 }
 
-// Calls write(dst pixel, picture index, entry) for every target pixel: away from the rim
-// the index is the pixel's own plus the frame's offset; on the rim the move is clamped.
-template <class Write>
-void Ripples::walk(Write write) const {
+// Fills each row of dst with pixel(picture index, entry): away from the rim the index is
+// the pixel's own plus the frame's offset; on the rim the move is clamped.
+template <class Pixel>
+void Ripples::walk(std::uint32_t* dst, Pixel pixel) {
     const std::uint16_t* e = entries_.data();
     const int w = w_, h = h_, m = margin_;
     const auto stride = static_cast<std::size_t>(stride_);
-    const auto clamped = [&](int x, int y, std::uint16_t entry) {
-        const std::uint16_t move = move_[entry];
-        const int sx = clampToEdge(x + static_cast<std::int8_t>(move & 0xFF), w);
-        const int sy = clampToEdge(y + static_cast<std::int8_t>(move >> 8), h);
+    const std::uint16_t* move = move_.data();
+    const std::int32_t* offset = offset_.data();
+    std::uint32_t* row = row_.data();
+    const auto clamped = [=](int x, int y, std::uint16_t entry) {
+        const int sx = clampToEdge(x + static_cast<std::int8_t>(move[entry] & 0xFF), w);
+        const int sy = clampToEdge(y + static_cast<std::int8_t>(move[entry] >> 8), h);
         return static_cast<std::size_t>(sy) * stride + static_cast<std::size_t>(sx);
     };
     const int innerFrom = std::min(m, w), innerTo = std::max(innerFrom, w - m);
     for (int y = 0; y < h; ++y, e += w) {
-        if (y < m || y >= h - m) {
-            for (int x = 0; x < w; ++x) write(y, x, clamped(x, y, e[x]), e[x]);
-            continue;
-        }
-        for (int x = 0; x < innerFrom; ++x) write(y, x, clamped(x, y, e[x]), e[x]);
+        const bool rim = y < m || y >= h - m;
+        const int from = rim ? w : innerFrom, to = rim ? w : innerTo;
+        for (int x = 0; x < from; ++x) row[x] = pixel(clamped(x, y, e[x]), e[x]);
         const std::int64_t base = static_cast<std::int64_t>(y) * stride_;
-        const std::int32_t* offset = offset_.data();
-        for (int x = innerFrom; x < innerTo; ++x) write(y, x, static_cast<std::size_t>(base + x + offset[e[x]]), e[x]);
-        for (int x = innerTo; x < w; ++x) write(y, x, clamped(x, y, e[x]), e[x]);
+        for (int x = from; x < to; ++x) row[x] = pixel(static_cast<std::size_t>(base + x + offset[e[x]]), e[x]);
+        for (int x = to; x < w; ++x) row[x] = pixel(clamped(x, y, e[x]), e[x]);
+        copyWarpedRow(dst + static_cast<std::size_t>(y) * static_cast<std::size_t>(w), row, w);
     }
 }
 
-void Ripples::warp(std::uint32_t* dst, const std::uint32_t* src) const {
-    const auto w = static_cast<std::size_t>(w_);
-    walk([=](int y, int x, std::size_t from, std::uint16_t) { dst[static_cast<std::size_t>(y) * w + x] = src[from]; });
+void Ripples::warp(std::uint32_t* dst, const std::uint32_t* src) {
+    walk(dst, [=](std::size_t from, std::uint16_t) { return src[from]; });
 }
 
-void Ripples::warpLit(std::uint32_t* dst, const std::uint8_t* src, const std::uint32_t* lut) const {
-    const auto w = static_cast<std::size_t>(w_);
+void Ripples::warpLit(std::uint32_t* dst, const std::uint8_t* src, const std::uint32_t* lut) {
     const std::uint8_t* light = light_.data();
-    walk([=](int y, int x, std::size_t from, std::uint16_t e) {
-        dst[static_cast<std::size_t>(y) * w + x] =
-            lut[static_cast<std::size_t>(light[e / directions]) << 8 | src[from]];
+    walk(dst, [=](std::size_t from, std::uint16_t e) {
+        return lut[static_cast<std::size_t>(light[e / directions]) << 8 | src[from]];
     });
 }
 

@@ -29,14 +29,14 @@ public:
 
     // Each target pixel gets the picture's pixel moved by the wave, held inside the w x h
     // picture.
-    void warp(std::uint32_t* dst, const std::uint32_t* src) const;
+    void warp(std::uint32_t* dst, const std::uint32_t* src);
     // The same from an 8-bit picture, lit: lut[light * 256 + index], the light 128 on flat
     // water, lighter on the slopes that face the centre and darker on the others.
-    void warpLit(std::uint32_t* dst, const std::uint8_t* src, const std::uint32_t* lut) const;
+    void warpLit(std::uint32_t* dst, const std::uint8_t* src, const std::uint32_t* lut);
 
 private:
-    template <class Write>
-    void walk(Write write) const;
+    template <class Pixel>
+    void walk(std::uint32_t* dst, Pixel pixel);
 
     int w_, h_, stride_;
     int margin_ = 0;                                          // the frame's largest move, in pixels
@@ -44,6 +44,7 @@ private:
     std::array<std::int32_t, places * directions> offset_{};  // dy * stride + dx
     std::array<std::uint16_t, places * directions> move_{};   // dx and dy as bytes
     std::array<std::uint8_t, places> light_{};
+    std::vector<std::uint32_t> row_;  // one target row, copied out whole (see WarpSampling.hpp)
 };
 
 }  // namespace vz

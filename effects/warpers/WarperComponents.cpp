@@ -14,6 +14,7 @@
 #include "effects/warpers/Displacement.hpp"
 #include "effects/warpers/Ripples.hpp"
 #include "effects/warpers/SinusShift.hpp"
+#include "effects/warpers/WarpSampling.hpp"
 #include "script/Component.hpp"
 #include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
@@ -112,7 +113,10 @@ public:
             largest = std::max(largest, std::abs(columnShift_[x]));
         }
         const SinusShifts shifts{rowShift_.data(), columnShift_.data(), columnOffset_.data(), largest};
-        for (int y = 0; y < h; ++y) sinusShiftRow(target_.row(y), source_.pixels, source_.width, w, h, y, shifts);
+        for (int y = 0; y < h; ++y) {
+            sinusShiftRow(row_.data(), source_.pixels, source_.width, w, h, y, shifts);
+            copyWarpedRow(target_.row(y), row_.data(), w);
+        }
     }
 
 private:
@@ -122,6 +126,7 @@ private:
     KeytrackFloat& frequence_;
     std::vector<int> rowShift_, columnShift_;
     std::vector<std::int64_t> columnOffset_;
+    std::vector<std::uint32_t> row_ = std::vector<std::uint32_t>(columnShift_.size());
 };
 
 // The source seen through the relief of an 8-bit map: a slope of one level a pixel (half
@@ -150,9 +155,11 @@ public:
         }
         const SlopeMoves moves{across_.data(), down_.data(), downOffset_.data(), largest};
         const int w = target_.width, h = target_.height;
-        for (int y = 0; y < h; ++y)
-            displacementRow(target_.row(y), source_.pixels, source_.width, w, h, y, map_.row(std::max(0, y - 1)),
+        for (int y = 0; y < h; ++y) {
+            displacementRow(row_.data(), source_.pixels, source_.width, w, h, y, map_.row(std::max(0, y - 1)),
                             map_.row(y), map_.row(std::min(h - 1, y + 1)), moves);
+            copyWarpedRow(target_.row(y), row_.data(), w);
+        }
     }
 
 private:
@@ -162,6 +169,7 @@ private:
     KeytrackFloat& intensity_;
     std::vector<int> across_, down_;
     std::vector<std::int64_t> downOffset_;
+    std::vector<std::uint32_t> row_ = std::vector<std::uint32_t>(static_cast<std::size_t>(target_.width));
 };
 
 VZ_COMPONENT("sorbelWarper32bpp", SorbelWarper32bpp)
