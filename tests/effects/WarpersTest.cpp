@@ -28,7 +28,7 @@ protected:
 
 TEST(TextureSpan, Sse2MatchesScalarOnRandomSpans) {
     std::mt19937 random(9);
-    for (const auto [w, h] : {std::pair{16, 16}, std::pair{256, 64}, std::pair{1, 8}}) {
+    for (const auto& [w, h] : {std::pair{16, 16}, std::pair{256, 64}, std::pair{1, 8}}) {
         Layer32bpp texture(w, h);
         fillRandom(texture, 3);
         const TiledTexture tiled = tiledTexture(texture);
