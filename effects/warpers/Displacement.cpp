@@ -26,7 +26,8 @@ void displacementRow(std::uint32_t* dst, const std::uint32_t* src, int stride, i
     }
     for (int x = 0; x < from; ++x) dst[x] = clamped(x);
     const std::uint32_t* base = src + static_cast<std::int64_t>(y) * stride;
-    for (int x = from; x < to; ++x) dst[x] = base[x + across[row[x + 1] - row[x - 1]] + downOffset[down[x] - up[x]]];
+    fillInFours(dst, from, to,
+                [&](int x) { return base[x + across[row[x + 1] - row[x - 1]] + downOffset[down[x] - up[x]]]; });
     for (int x = to; x < w; ++x) dst[x] = clamped(x);
 }
 

@@ -76,7 +76,8 @@ void Ripples::walk(std::uint32_t* dst, Pixel pixel) {
         const int from = rim ? w : innerFrom, to = rim ? w : innerTo;
         for (int x = 0; x < from; ++x) row[x] = pixel(clamped(x, y, e[x]), e[x]);
         const std::int64_t base = static_cast<std::int64_t>(y) * stride_;
-        for (int x = from; x < to; ++x) row[x] = pixel(static_cast<std::size_t>(base + x + offset[e[x]]), e[x]);
+        fillInFours(row, from, to,
+                    [&](int x) { return pixel(static_cast<std::size_t>(base + x + offset[e[x]]), e[x]); });
         for (int x = to; x < w; ++x) row[x] = pixel(clamped(x, y, e[x]), e[x]);
         copyWarpedRow(dst + static_cast<std::size_t>(y) * static_cast<std::size_t>(w), row, w);
     }

@@ -22,7 +22,7 @@ void sinusShiftRow(std::uint32_t* dst, const std::uint32_t* src, int stride, int
     for (int x = 0; x < from; ++x) dst[x] = clamped(x);
     const std::uint32_t* row = src + static_cast<std::int64_t>(y) * stride + rowShift;
     const std::int64_t* offset = shifts.columnOffset;
-    for (int x = from; x < to; ++x) dst[x] = row[x + offset[x]];
+    fillInFours(dst, from, to, [&](int x) { return row[x + offset[x]]; });
     for (int x = to; x < w; ++x) dst[x] = clamped(x);
 }
 
