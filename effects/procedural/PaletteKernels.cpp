@@ -1,15 +1,16 @@
 #include "effects/procedural/PaletteKernels.hpp"
 
+#include "effects/procedural/FillInFours.hpp"
 #include "effects/procedural/SineTable.hpp"
 
 namespace vz {
 
 void mapPolarPalette(std::uint32_t* dst, const std::uint32_t* entries, std::size_t n, const std::uint8_t* wave,
                      const std::uint32_t* palette) {
-    for (std::size_t i = 0; i < n; ++i) {
+    fillInFours(dst, 0, static_cast<std::ptrdiff_t>(n), [=](std::ptrdiff_t i) {
         const std::uint32_t e = entries[i];
-        dst[i] = palette[((e >> 16) + wave[e & sine::mask]) & 0xFFu];
-    }
+        return palette[((e >> 16) + wave[e & sine::mask]) & 0xFFu];
+    });
 }
 
 void rowIndices(std::uint8_t* out, const std::uint8_t* columns, std::size_t n, std::uint8_t row) {
