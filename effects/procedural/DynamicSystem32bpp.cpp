@@ -1,5 +1,5 @@
 // A swarm of particles drawn into the Lorenz attractor (LorenzSwarm.hpp), seen from the
-// front where its two wings show, the view swaying 20 degrees to either side round the
+// front where its two wings show, the view swaying 10 degrees to either side round the
 // vertical axis every 20 seconds: each particle is one pixel of the colour through the
 // rendu. There is one particle for every 16 pixels of the target.
 #include <algorithm>
@@ -21,7 +21,7 @@ namespace vz {
 
 class DynamicSystem32bpp : public Component {
 public:
-    static constexpr double sway = 0.35, swayPace = 0.05;  // radians; sways a second
+    static constexpr double sway = 0.17, swayPace = 0.05;  // radians; sways a second
     static constexpr int pixelsPerParticle = 16;
 
     DynamicSystem32bpp(ComponentContext& in)

@@ -65,7 +65,7 @@ TEST_F(ProceduralFamily, EveryKeywordDrawsItsPinnedFrame) {
         {"shapeCorona32bpp screen col constVector2 0.5 0 constFloat 12 constInt 24", 5815181868456025859ull},
         {"glimmetDot32bpp screen col 40", 16669133997119591175ull},
         {"glimmetSprite32bpp screen star 12 constInt 33", 8690006393156114963ull},
-        {"dynamicSystem32bpp screen col constInt 33", 10101164582581745036ull},
+        {"dynamicSystem32bpp screen col constInt 33", 13061656699129879473ull},
         {"bumpLightmap8bpp screen8 pic8 constVector2 0.2 -0.3", 7237449187337698615ull},
         {"backSinus32bpp screen pal constFloat 1", 8823615545887735860ull},
         {"sinusCircles32bpp screen pal constFloat 1", 12744703255192940398ull},
