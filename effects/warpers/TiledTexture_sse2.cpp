@@ -43,7 +43,10 @@ void textureSpanSse2(std::uint32_t* dst, std::size_t n, const TiledTexture& text
             _mm_store_si128(reinterpret_cast<__m128i*>(at + 4), addressesOf(us, vs, wm, hm, shift));
             us = _mm_add_epi32(us, stepU);
             vs = _mm_add_epi32(vs, stepV);
-            for (std::size_t k = 0; k < group; ++k) dst[i + k] = pixels[at[k]];
+            // All eight reads before the writes, so that they overlap.
+            std::uint32_t texels[group];
+            for (std::size_t k = 0; k < group; ++k) texels[k] = pixels[at[k]];
+            for (std::size_t k = 0; k < group; ++k) dst[i + k] = texels[k];
         }
     }
     const auto done = static_cast<std::uint32_t>(whole);
