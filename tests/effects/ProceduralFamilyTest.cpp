@@ -104,7 +104,30 @@ TEST_F(ProceduralFamily, StatefulKeywordsFollowTheTimeNotTheFrames) {
         for (int f = 0; f <= 72; ++f) fast.push_back(f / 60.0f);
         EXPECT_EQ(frameAt(slow), frameAt(fast)) << line;
         EXPECT_EQ(frameAt({0.0f, 1.2f, 0.5f}), frameAt({0.5f})) << line;
+        // A jump of more than two seconds runs only the last two seconds' steps.
+        if (std::string(line).starts_with("fire")) {
+            EXPECT_EQ(frameAt({0.0f, 10.0f}), frameAt({0.0f, 2.0f}));
+        }
         EXPECT_NE(frameAt({0.5f}), frameAt({1.2f})) << line;
+    }
+}
+
+// The SIMD kernels and their scalar twins, chosen by the switch the bulk kernels obey,
+// draw the same frames.
+TEST_F(ProceduralFamily, ScalarSwitchDrawsTheSameFrames) {
+    for (const char* line : {"fire8bpp screen8", "bumpLightmap8bpp screen8 pic8 constVector2 0.4 0.1",
+                             "rotozoomKeytrack32bpp screen tiles constFloat 2.5 constFloat 0.3 constInt 32"}) {
+        std::pair<std::uint64_t, std::uint64_t> frames[2];
+        for (const bool scalar : {false, true}) {
+            setForceScalar(scalar);
+            resetRandomSeeds();
+            auto component = make(line);
+            component->run(0);
+            component->run(0.8f);
+            frames[scalar] = {checksumOf(screen()), checksumOf8(screen8())};
+        }
+        setForceScalar(false);
+        EXPECT_EQ(frames[0], frames[1]) << line;
     }
 }
 

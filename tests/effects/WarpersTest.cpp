@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 #include <numbers>
 #include <numeric>
 #include <random>
@@ -10,6 +11,8 @@
 #include <vector>
 
 #include "FilterTestPictures.hpp"
+#include "effects/rendu/BlendOperators.hpp"
+#include "effects/rendu/BulkKernels.hpp"
 #include "effects/warpers/TiledTexture.hpp"
 #include "support/EffectTestSupport.hpp"
 
@@ -98,18 +101,77 @@ TEST_F(Warpers, StillWarpersCopyTheirSource) {
     for (int i = 0; i < 96; ++i) ASSERT_EQ(screen.pixels[i], 128u << 8 | pic8.pixels[i]) << i;
 }
 
-// A ramp rising 4 levels a pixel is a slope of 4: at intensity 0.5 each pixel shows the
-// one two to its right (the last ones held at the edge), rows unmoved.
-TEST_F(Warpers, DisplacementFollowsTheSlopeOfTheMap) {
-    Layer32bpp& screen = addLayer32("screen", 8, 3);
-    Layer32bpp& pic = addLayer32("pic", 8, 3);
-    fillCoordinates(pic);
-    Layer8bpp& map = addLayer8("map", 8, 3);
-    for (int y = 0; y < 3; ++y)
-        for (int x = 0; x < 8; ++x) map.row(y)[x] = static_cast<std::uint8_t>(4 * x);
+// The picture a warper reads is wider and higher than the target, its moves clamped to
+// the target's size: `shown(x, y)` names the picture pixel each target pixel must show.
+class WarpedCoordinates : public Warpers {
+protected:
+    WarpedCoordinates() : screen(addLayer32("screen", 24, 14)) { fillCoordinates(addLayer32("pic", 30, 17)); }
+    template <class Shown>
+    void expectShows(Shown shown) {
+        for (int y = 0; y < 14; ++y)
+            for (int x = 0; x < 24; ++x) {
+                const auto [sx, sy] = shown(x, y);
+                ASSERT_EQ(screen.row(y)[x],
+                          static_cast<std::uint32_t>(std::clamp(sy, 0, 13) << 8 | std::clamp(sx, 0, 23)))
+                    << x << "," << y;
+            }
+    }
+    Layer32bpp& screen;
+};
+
+// A ramp rising 4 levels a pixel across and 8 down is a slope of 4 and 8 (half the
+// difference of the neighbours; 2 and 4 at the ends, where the pixel is its own
+// neighbour): at intensity 0.5 it moves 2 pixels right and 4 down, 1 and 2 at the ends.
+TEST_F(WarpedCoordinates, DisplacementFollowsTheSlopeOfTheMap) {
+    Layer8bpp& map = addLayer8("map", 24, 14);
+    for (int y = 0; y < 14; ++y)
+        for (int x = 0; x < 24; ++x) map.row(y)[x] = static_cast<std::uint8_t>(4 * x + 8 * y);
     make("displacement32bpp screen pic map constFloat 0.5")->run(0);
-    for (int y = 0; y < 3; ++y)
-        for (int x = 1; x < 7; ++x) EXPECT_EQ(screen.row(y)[x], pic.row(y)[std::min(x + 2, 7)]) << x << "," << y;
+    expectShows([](int x, int y) {
+        return std::pair{x + (x == 0 || x == 23 ? 1 : 2), y + (y == 0 || y == 13 ? 2 : 4)};
+    });
+}
+
+// At t = -0.5 s with no waves across the picture (frequence 0), the row waves are at their
+// crest (4 pixels right) and the column waves at sin(0.85 pi) of 4, 2 pixels down.
+TEST_F(WarpedCoordinates, SineShiftsMoveRowsAndColumns) {
+    make("kestrilWarper32bpp screen pic constFloat 4 constFloat 0")->run(-0.5f);
+    expectShows([](int x, int y) { return std::pair{x + 4, y + 2}; });
+}
+
+// Ripples move each pixel along its direction from the centre, by at most the amplitude,
+// inside and on the rim alike (the rim is the clamped path, the inside the offsets).
+TEST_F(WarpedCoordinates, RipplesMoveAlongTheRadius) {
+    for (const float t : {0.1f, 0.4f, 0.9f}) {
+        make("sorbelWarper32bpp screen pic constFloat 3")->run(t);
+        int moved = 0;
+        for (int y = 0; y < 14; ++y)
+            for (int x = 0; x < 24; ++x) {
+                const int dx = static_cast<int>(screen.row(y)[x] & 0xFF) - x;
+                const int dy = static_cast<int>(screen.row(y)[x] >> 8) - y;
+                ASSERT_LE(std::max(std::abs(dx), std::abs(dy)), 3) << x << "," << y;
+                moved += dx != 0 || dy != 0;
+                // Inside, where no clamp bends it, a move lies within a pixel of the radius.
+                if (x < 3 || y < 3 || x > 20 || y > 10) continue;
+                const double rx = x + 0.5 - 12, ry = y + 0.5 - 7, r = std::hypot(rx, ry);
+                EXPECT_LE(std::fabs(dx * ry - dy * rx) / r, 1.0) << x << "," << y << " t " << t;
+            }
+        EXPECT_GT(moved, 24 * 14 / 4) << t;
+    }
+}
+
+// Any rendu but "normal" blends the rotozoom's rows through the bulk copy; 0 draws nothing.
+TEST_F(Warpers, RotozoomBlendsThroughTheBulkCopy) {
+    Layer32bpp& screen = addLayer32("screen", 10, 6, grey(0x70));
+    fillRandom(addLayer32("tex", 8, 8), 8);
+    make("rotozoomKeytrack32bpp screen tex constFloat 0.4 constFloat 1.3 constInt 32")->run(0);
+    std::vector<std::uint32_t> added(60, grey(0x70));
+    copyRun(added.data(), screen.pixels, 60, renduAdd);
+    std::fill_n(screen.pixels, 60, grey(0x70));
+    make("rotozoomKeytrack32bpp screen tex constFloat 0.4 constFloat 1.3 constInt 33")->run(0);
+    EXPECT_EQ(pixelsOf(screen), added);
+    make("rotozoomKeytrack32bpp screen tex constFloat 0.4 constFloat 1.3 constInt 0")->run(0);
+    EXPECT_EQ(pixelsOf(screen), added);
 }
 
 // Shifts far beyond the picture, and values that are no numbers, read its edges or some
