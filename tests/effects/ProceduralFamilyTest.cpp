@@ -10,7 +10,9 @@
 #include "FilterTestPictures.hpp"
 #include "effects/procedural/Bump.hpp"
 #include "effects/procedural/Fire.hpp"
+#include "effects/procedural/Glitter.hpp"
 #include "effects/procedural/SineTable.hpp"
+#include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "effects/warpers/TiledTexture.hpp"
 #include "support/EffectTestSupport.hpp"
@@ -145,6 +147,62 @@ TEST_F(ProceduralFamily, BadParametersNameTheKeyword) {
          "glimmetSprite32bpp : the number of sprites 70000 is not within 1 to 65536"},
     };
     for (const auto& [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
+}
+
+// A twinkle keeps its place through a cycle and is dark for the last 60 % of it; drawn as
+// a dot, it is a cross of the colour at its brightness, halved along each arm pixel.
+TEST_F(ProceduralFamily, TwinklesShineThenMove) {
+    for (std::uint32_t i = 0; i < 20; ++i) {
+        // Sampled every 0.01 s over 4 s: every cycle (0.8 to 2 s) is seen whole.
+        Twinkle last = twinkleAt(7, i, 0);
+        int changes = 0;
+        for (int k = 1; k <= 400; ++k) {
+            const Twinkle now = twinkleAt(7, i, k / 100.0f);
+            if (now.x != last.x) {
+                ++changes;
+                EXPECT_GT(now.brightness, 0.0f) << i;   // a new place lights at once
+                EXPECT_EQ(last.brightness, 0.0f) << i;  // after a dark end
+            }
+            last = now;
+        }
+        EXPECT_GE(changes, 1) << i;
+    }
+    float t = 0;  // a time the one dot shines (the first seed of the show is 3)
+    while (twinkleAt(3, 0, t).brightness < 0.5f) t += 0.01f;
+    make("glimmetDot32bpp screen col 1")->run(t);
+    const Twinkle twinkle = twinkleAt(3, 0, t);
+    const int x = static_cast<int>((twinkle.x + 1) * 24), y = static_cast<int>((twinkle.y + 1) * 16);
+    const auto level = static_cast<std::uint32_t>(twinkle.brightness * 256);
+    int inside = 0;  // cross pixels on the target
+    auto lit = [&](int dx, int dy, int k) {
+        if (x + dx < 0 || x + dx >= 48 || y + dy < 0 || y + dy >= 32) return;
+        ++inside;
+        EXPECT_EQ(screen().row(y + dy)[x + dx], blendPixel(renduAdd, scaledColour(0x00C08040, level >> k), grey(0x20)))
+            << dx << "," << dy;
+    };
+    lit(0, 0, 0);
+    for (int k = 1; k <= 3; ++k) {
+        lit(k, 0, k);
+        lit(-k, 0, k);
+        lit(0, k, k);
+        lit(0, -k, k);
+    }
+    EXPECT_EQ(std::count(screen().pixels, screen().pixels + 48 * 32, grey(0x20)), 48 * 32 - inside);
+}
+
+// The fuel rows are hot (255) or cold (0) in patches of eight pixels.
+TEST(Fire, FuelIsHotAndColdPatches) {
+    std::vector<std::uint8_t> pixels(40 * 10, 77);
+    Fire fire(40, 10, 5);
+    fire.step(pixels.data());
+    const std::uint8_t* bottom = pixels.data() + 9 * 40;
+    for (int x = 0; x < 40; ++x) {
+        EXPECT_TRUE(bottom[x] == 0 || bottom[x] == 255) << x;
+        EXPECT_EQ(bottom[x], bottom[x / 8 * 8]) << x;
+        EXPECT_EQ(pixels[8 * 40 + x], bottom[x]) << x;  // one step lifts heat one row: two fuel rows
+    }
+    EXPECT_NE(std::count(bottom, bottom + 40, 255), 0);
+    EXPECT_NE(std::count(bottom, bottom + 40, 0), 0);
 }
 
 TEST(Fire, RowIsTheMeanOfFourNeighboursLessTheCooling) {
