@@ -50,16 +50,6 @@ TEST_F(Tunnels, PlainTunnelMapsTheTableAndCarriesColumnsIntoRows) {
     EXPECT_EQ(tunnelOffset(1e30f, 0, 1), 0u);           // huge products still give a byte
 }
 
-TEST_F(Tunnels, EightBitTunnel) {
-    Layer8bpp& screen = addLayer8("screen", 2, 1);
-    Layer8bpp& texture = addLayer8("tex", 256, 256);
-    for (int i = 0; i < 65536; ++i) texture.pixels[i] = static_cast<std::uint8_t>(i * 7 + (i >> 8));
-    addTable("off", 2, 1, {0x0102, 0x01FF});
-    make("tunnel8bpp screen tex off constVector2 2 1")->run(1);
-    EXPECT_EQ(screen.pixels[0], texture.pixels[0x0303]);
-    EXPECT_EQ(screen.pixels[1], texture.pixels[0x0400]);
-}
-
 TEST_F(Tunnels, LitTunnelPicksLutEntryOfLightAndColour) {
     Layer32bpp& screen = addLayer32("screen", 2, 1);
     Layer8bpp& texture = addLayer8("tex", 256, 256);
