@@ -63,17 +63,6 @@ TEST_F(KeytrackGeneratorTest, NoiseHoldsEachDrawForOnePeriodStartingFromSeedThre
     }
 }
 
-TEST_F(KeytrackGeneratorTest, SpriteGeneratorsKeepTheSourceScales) {
-    KeytrackSprite& dst = declare<SpriteValue>("dst", {0}, {{}});
-    declare<SpriteValue>("src", {0, 4}, {{0, 0, 1, 2}, {4, 8, 3, 6}});
-    play("keytrackSpriteSinus dst src 0.5 0.25 2\n0 100 0 1 0\n")->run(1.0f);
-    const double wobble = std::sin(1.0 + std::cos(2.0));
-    EXPECT_FLOAT_EQ(dst.values[0].x, static_cast<float>(1.0 + wobble));
-    EXPECT_FLOAT_EQ(dst.values[0].y, static_cast<float>(2.0 + 0.5 * wobble));
-    EXPECT_FLOAT_EQ(dst.values[0].scaleX, 1.5f);
-    EXPECT_FLOAT_EQ(dst.values[0].scaleY, 3.0f);
-}
-
 TEST_F(KeytrackGeneratorTest, TargetMustBeADeclaredTrackOfTheRightKind) {
     declare<float>("dst", {0}, {0});
     for (const char* line : {"keytrackFloatSinus constFloat 1 constFloat 1 1 1\n",  // no constant target
