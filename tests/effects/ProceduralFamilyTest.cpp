@@ -9,7 +9,6 @@
 
 #include "effects/procedural/Bump.hpp"
 #include "effects/procedural/Fire.hpp"
-#include "effects/procedural/Glitter.hpp"
 #include "effects/procedural/SineTable.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "support/EffectTestSupport.hpp"
@@ -144,25 +143,6 @@ TEST_F(ProceduralFamily, BadParametersNameTheKeyword) {
          "glimmetSprite32bpp : the number of sprites 70000 is not within 1 to 65536"},
     };
     for (const auto& [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
-}
-
-// A twinkle keeps its place through a cycle and is dark for the last 60 % of it.
-TEST(Glitter, TwinklesShineThenMove) {
-    for (std::uint32_t i = 0; i < 20; ++i) {
-        // Sampled every 0.01 s over 4 s: every cycle (0.8 to 2 s) is seen whole.
-        Twinkle last = twinkleAt(7, i, 0);
-        int changes = 0;
-        for (int k = 1; k <= 400; ++k) {
-            const Twinkle now = twinkleAt(7, i, k / 100.0f);
-            if (now.x != last.x) {
-                ++changes;
-                EXPECT_GT(now.brightness, 0.0f) << i;   // a new place lights at once
-                EXPECT_EQ(last.brightness, 0.0f) << i;  // after a dark end
-            }
-            last = now;
-        }
-        EXPECT_GE(changes, 1) << i;
-    }
 }
 
 // The SSE2 rows against their scalar twins on random rows of every width up to 70, the
