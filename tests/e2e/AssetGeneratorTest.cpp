@@ -1,5 +1,5 @@
-// The generator of the sample demo's files: same bytes on every run and the committed
-// files up to date (the sample demo test plays them), the music's timing, the band option.
+// The generator of the sample demo's files: the committed files are what it writes (the
+// sample demo test plays them), the music's timing, the band option.
 #include <gtest/gtest.h>
 
 #include <libopenmpt/libopenmpt.hpp>
@@ -48,27 +48,26 @@ std::pair<int, int> pictureSize(const fs::path& file) {
     return {picture->width, picture->height};
 }
 
-// Runs the generator twice for all tests of this file.
+// Runs the generator once for all tests of this file.
 class AssetGenerator : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         dir_ = new vz::test::ScratchDir();
         runGenerator(dir_->path() / "first");
-        runGenerator(dir_->path() / "second");
     }
     static void TearDownTestSuite() { delete dir_; }
     static fs::path first() { return dir_->path() / "first"; }
     static inline vz::test::ScratchDir* dir_ = nullptr;
 };
 
-TEST_F(AssetGenerator, WritesTheSameBytesOnEveryRunAndMatchesTheCommittedFiles) {
+// A run that wrote other bytes than the committed files, by a change or by chance (the
+// time, an address, memory left unset), shows here.
+TEST_F(AssetGenerator, WritesTheCommittedFiles) {
     const fs::path committed = fs::path(VZ_SOURCE_DIR) / "demos" / "sample";
     const std::vector<std::string> names = fileNames(first());
-    ASSERT_EQ(names, fileNames(dir_->path() / "second"));
     ASSERT_GE(names.size(), 40u);
     for (const std::string& name : names) {
         const std::string bytes = vz::test::readFile(first() / name);
-        EXPECT_EQ(bytes, vz::test::readFile(dir_->path() / "second" / name)) << name << " differs between runs";
         ASSERT_TRUE(fs::exists(committed / name)) << name << " is not in demos/sample: run make assets";
         EXPECT_EQ(bytes, vz::test::readFile(committed / name)) << name << " in demos/sample is stale: run make assets";
     }
