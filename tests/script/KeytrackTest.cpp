@@ -62,11 +62,9 @@ TEST_F(KeytrackTest, ShortFileIsLoggedAndLoopsOnTheKeysRead) {
     EXPECT_FLOAT_EQ(track->sample(5.5f), 0.5f);
 }
 
-TEST_F(KeytrackTest, IntegerSpriteAndVectorTracks) {
+TEST_F(KeytrackTest, IntegerAndVectorTracks) {
     EXPECT_EQ(trackFrom<KeytrackInt>("linear 2 1\n0 0\n10 1\n")->sample(0.99f), 9);
     EXPECT_EQ(trackFrom<KeytrackInt>("linear 2 1\n0 0\n-10 1\n")->sample(0.55f), -5);  // toward zero
-    SpriteValue v = trackFrom<KeytrackSprite>("linear 2 1\n0 0 1 2 0\n2 4 3 6 2\n")->sample(1.0f);
-    EXPECT_EQ(std::vector<float>({v.x, v.y, v.scaleX, v.scaleY}), std::vector<float>({1, 2, 2, 4}));
     Vector3 w = trackFrom<KeytrackVector3>("linear 2 1\n0 0 0 0\n2 4 6 2\n")->sample(0.5f);
     EXPECT_EQ(std::vector<float>({w.x, w.y, w.z}), std::vector<float>({0.5f, 1, 1.5f}));
 }
