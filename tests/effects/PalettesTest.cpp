@@ -16,10 +16,11 @@ protected:
     }
 };
 
-TEST_F(PalettesTest, ShadingLutRunsFromDarkThroughThePaletteTowardLight) {
+// The look-up tables built from palettes, one after another into the same table.
+TEST_F(PalettesTest, LutsFromPalettes) {
     std::uint32_t* table = lut();
-    Palette& palette = addPalette("pal");
-    palette.colors[1] = 0xAA6400FF;  // red 100, green 0, blue 255
+    // shadingLut runs from dark through the palette toward light.
+    addPalette("pal").colors[1] = 0xAA6400FF;  // red 100, green 0, blue 255
     addColor("dark", 0);
     addColor("light", 0xFFFFFF);
     make("shadingLut lut pal dark light")->run(0);
@@ -29,32 +30,26 @@ TEST_F(PalettesTest, ShadingLutRunsFromDarkThroughThePaletteTowardLight) {
     EXPECT_EQ(table[255 * 256 + 1], 0x00FDFDFFu);  // one step short of white
     EXPECT_EQ(table[128 * 256 + 0], 0u);
     EXPECT_EQ(table[255 * 256 + 0], 0x00FDFDFDu);
-}
 
-TEST_F(PalettesTest, ShadingLutPaletteKeepsTheLowByteOfEachProduct) {
-    std::uint32_t* table = lut();
-    Palette& dark = addPalette("dark");
-    Palette& light = addPalette("light");
-    dark.colors.fill(0xFFFFFF);
-    light.colors.fill(0xFFFFFF);
-    dark.colors[2] = 0x031005;
-    light.colors[7] = 0x051033;
-    make("shadingLutPalette lut dark light")->run(0);
+    // shadingLutPalette keeps the low byte of each product.
+    Palette& darks = addPalette("darks");
+    Palette& lights = addPalette("lights");
+    darks.colors.fill(0xFFFFFF);
+    lights.colors.fill(0xFFFFFF);
+    darks.colors[2] = 0x031005;
+    lights.colors[7] = 0x051033;
+    make("shadingLutPalette lut darks lights")->run(0);
     EXPECT_EQ(table[0], 0x010101u);  // 255 x 255 = 65025
     EXPECT_EQ(table[65535], 0x010101u);
     EXPECT_EQ(table[2 * 256 + 7], 0x0F00FFu);  // 3 x 5, 16 x 16 = 256, 5 x 51
-}
 
-TEST_F(PalettesTest, AlphaLutStepsFromTheFirstPaletteTowardTheSecond) {
-    std::uint32_t* table = lut();
-    Palette& same = ramp("same");
-    same.colors[9] = 0xFF123456;
+    // alphaLut steps from the first palette toward the second.
+    ramp("same").colors[9] = 0xFF123456;
     make("alphaLut lut same same")->run(0);
     for (int row : {0, 100, 255}) {
         EXPECT_EQ(table[row * 256 + 9], 0x123456u) << row;
         EXPECT_EQ(table[row * 256 + 200], 200u) << row;
     }
-
     addPalette("black");
     addPalette("white").colors.fill(0xFFFFFF);
     make("alphaLut lut black white")->run(0);
