@@ -85,10 +85,6 @@ TEST(TunnelTables, GeneratedEntriesAroundTheCentre) {
                                                             {8, 7, 199 * 256 + 26},
                                                             {8, 1, 199 * 256 + 229}};
     for (const auto& [x, y, entry] : expected) EXPECT_EQ(at(x, y), entry) << x << "," << y;
-
-    // Twice round the wall: the column doubles.
-    generateTunnelTable({table.data(), 9, 9, 9}, 4, 4, 2.0f, 4096.0f, 4.0f);
-    EXPECT_EQ(at(4, 6) & 255, 128u);
 }
 
 TEST_F(Tunnels, MultiTunnelsSumWindowsAlongTheFigure) {
