@@ -30,10 +30,6 @@ int generatorStatus(const fs::path& out, const std::string& options = "") {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-void runGenerator(const fs::path& out, const std::string& options = "") {
-    ASSERT_EQ(generatorStatus(out, options), 0) << options;
-}
-
 std::vector<std::string> fileNames(const fs::path& dir) {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(dir)) names.push_back(entry.path().filename().string());
@@ -53,7 +49,7 @@ class AssetGenerator : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         dir_ = new vz::test::ScratchDir();
-        runGenerator(dir_->path() / "first");
+        ASSERT_EQ(generatorStatus(dir_->path() / "first"), 0);
     }
     static void TearDownTestSuite() { delete dir_; }
     static fs::path first() { return dir_->path() / "first"; }
@@ -86,7 +82,7 @@ TEST_F(AssetGenerator, ModulePlaysEightOrdersOf768Seconds) {
 // other file keeps the default run's bytes.
 TEST_F(AssetGenerator, BandOptionResizesTheBandSizedPicturesOnly) {
     const fs::path wide = dir_->path() / "wide";
-    runGenerator(wide, "--band 1920x900");
+    ASSERT_EQ(generatorStatus(wide, "--band 1920x900"), 0);
     const std::set<std::string> bandSized = {
         "tunnel_a.pcx",    "tunnel_b.pcx",       "tunnel2_a.pcx",        "tunnel2_b.pcx",     "light_tunnel.pcx",
         "light_spot.pcx",  "pattern_radial.pcx", "pattern_diagonal.pcx", "pattern_noise.gif", "alpha_vignette.pcx",
