@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <numeric>
@@ -123,6 +124,19 @@ TEST_F(ProceduralFamily, ScalarSwitchDrawsTheSameFrames) {
         const auto scalar = framesAfter(line, {0.0f, 0.8f});
         setForceScalar(false);
         EXPECT_EQ(fast, scalar) << line;
+    }
+}
+
+// The shapes that must draw nothing at all: far outside, without size, not numbers.
+TEST_F(ProceduralFamily, ShapesOutsideOrWithoutSizeDrawNothing) {
+    for (const char* line : {"circle32bpp screen col constVector2 9 9 constFloat 5",
+                             "circle32bpp screen col constVector2 0 0 constFloat nan",
+                             "dashedCircle32bpp screen col constVector2 0 0 constFloat -3",
+                             "shapeDisc32bpp screen col constVector2 -5 0 constFloat 90 constInt 32",
+                             "shapeCorona32bpp screen col constVector2 0 0 constFloat 0 constInt 32",
+                             "shapeDisc32bpp screen col constVector2 inf 0 constFloat 1e30 constInt 32"}) {
+        make(line)->run(0);
+        EXPECT_EQ(std::count(screen().pixels, screen().pixels + 48 * 32, grey(0x20)), 48 * 32) << line;
     }
 }
 
