@@ -23,15 +23,16 @@ TEST(ImageLoader, NamesAnEntryPointDoesNotServe) {
     ScratchDir dir;
     const struct {
         EntryPoint load;
-        std::string message, log;
+        std::string message, log, served;
         std::vector<std::string> otherFormats;
     } entryPoints[] = {
-        {asLayer32, "ImageLoader::LoadLayer32bpp : unknow file extention", "", {}},
-        {asLayer8, "ImageLoader::LoadLayer8bpp : unknow file extention", "", {"pic.bmp", "pic.jpg"}},
-        {asPalette, "ImageLoader::LoadPalette : unknow file extention", "", {"pic.bmp", "pic.jpg"}},
+        {asLayer32, "ImageLoader::LoadLayer32bpp : unknow file extention", "", "pcx, gif, bmp, jpg", {}},
+        {asLayer8, "ImageLoader::LoadLayer8bpp : unknow file extention", "", "pcx, gif", {"pic.bmp", "pic.jpg"}},
+        {asPalette, "ImageLoader::LoadPalette : unknow file extention", "", "pcx, gif", {"pic.bmp", "pic.jpg"}},
         {asLayerRle,
          "ImageLoader::LoadLayerRle : we support only pcx files!",
          "ImageLoader::LoadLayeRle : we support only pcx files!",
+         "pcx",
          {"pic.gif", "pic.bmp", "pic.jpg"}},
     };
     for (const auto& entry : entryPoints) {
@@ -39,7 +40,9 @@ TEST(ImageLoader, NamesAnEntryPointDoesNotServe) {
         names.insert(names.end(), entry.otherFormats.begin(), entry.otherFormats.end());
         for (const std::string& name : names) {
             writeFile(name, greyPcx());
-            expectRefusals({{entry.load, name, entry.message, (entry.log.empty() ? entry.message : entry.log) + " :"}});
+            const std::string line =
+                entry.message + " (" + name + ": the text after the first dot is not one of " + entry.served + ")";
+            expectRefusals({{entry.load, name, line, (entry.log.empty() ? entry.message : entry.log) + " :"}});
         }
     }
 }
@@ -56,7 +59,8 @@ TEST(ImageLoader, PicturesComeFromTheArchive) {
     File::switchToArchive("demo.zip");
     auto logo = ImageLoader::LoadLayer8bpp("data/logo.pcx");
     EXPECT_EQ(Bytes(logo->pixels, logo->pixels + 4), indices);
-    expectRefusals({{asLayer32, "disk.pcx", "loadPcx error", "loadPcx error, the file was : "}});
+    expectRefusals({{asLayer32, "disk.pcx", "loadPcx error (disk.pcx: the archive demo.zip has no member disk.pcx)",
+                     "loadPcx error, the file was : "}});
 }
 
 }  // namespace

@@ -32,6 +32,9 @@ template <class Action>
 std::string errorOf(Action&& action) {
     return errorMessageOf(std::function<void()>(std::forward<Action>(action)));
 }
+// The line standard error shows for the vz::error that `action` raises: "vzplayer: ",
+// where it was found, the message and its detail; "no error" when it raises none.
+std::string errorLineOf(const std::function<void()>& action);
 
 // The three lines that frame a message in the log before a fatal error.
 std::vector<std::string> framed(const std::string& message);
