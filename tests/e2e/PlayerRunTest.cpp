@@ -50,7 +50,7 @@ TEST(PlayerRun, AMissingScriptIsLoggedAsAnExceptionAndFailsHeadless) {
     writeFile("config.txt", config);
     RunResult run = runPlayer({"--headless"}, dir.path().string());
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.standardError, "vzplayer: main.txt: TextParser can not open file\n");
+    EXPECT_EQ(run.standardError, "vzplayer: TextParser can not open file (main.txt: No such file or directory)\n");
     auto lines = maskedLogLines("logfile.txt");
     EXPECT_EQ(lines, (std::vector<std::string>{"Opening log on DATE", dashes, "Hardware resolution : 64 * 48",
                                                "Window height : 40", dashes, "Fatal: Parser : open failure of main.txt",
@@ -84,7 +84,7 @@ TEST(PlayerRun, BadUsageAndInformation) {
     RunResult unfit = runPlayer({"--headless"}, dir.path().string());
     EXPECT_EQ(unfit.status, 1);
     EXPECT_EQ(unfit.standardError,
-              "vzplayer: config.txt : the window band (height 40 at row 20) does not fit in the hardware height 48\n");
+              "vzplayer: config.txt:4: the window band (height 40 at row 20) does not fit in the hardware height 48\n");
 }
 
 TEST(PlayerRun, ComponentListingOnStandardOutput) {
