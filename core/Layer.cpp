@@ -26,10 +26,8 @@ void* Layer::takeMemory(std::int64_t bytes, const char* kind) {
     LayerManager* manager = LayerManager::current();
     if (!manager || !manager->servesFromPool(bytes)) {
         if (!MemoryBudget::take(bytes))
-            fatal(std::string(kind) + " : " + std::to_string(width) + "x" + std::to_string(height) + " needs " +
-                  std::to_string(bytes >> 20) + " MiB, beyond the memory budget of " +
-                  std::to_string(MemoryBudget::limit() >> 20) + " MiB (" + std::to_string(MemoryBudget::used() >> 20) +
-                  " MiB in use; see --memory-limit)");
+            fatal(MemoryBudget::refusal(
+                std::string(kind) + " : " + std::to_string(width) + "x" + std::to_string(height), bytes));
         budgeted_ = bytes;
     }
     try {

@@ -1,5 +1,7 @@
 #include "core/MemoryBudget.hpp"
 
+#include <cstdio>
+
 namespace vz::MemoryBudget {
 
 namespace {
@@ -12,6 +14,18 @@ struct State {
 State& state() {
     static State s;
     return s;
+}
+
+// Whole MiB where they are whole, else one decimal, or KiB below one MiB.
+std::string sizeText(std::int64_t bytes) {
+    char text[48];
+    if (bytes % (1 << 20) == 0)
+        std::snprintf(text, sizeof text, "%lld MiB", static_cast<long long>(bytes >> 20));
+    else if (bytes >= 1 << 20)
+        std::snprintf(text, sizeof text, "%.1f MiB", static_cast<double>(bytes) / (1 << 20));
+    else
+        std::snprintf(text, sizeof text, "%lld KiB", static_cast<long long>((bytes + 1023) >> 10));
+    return text;
 }
 
 }  // namespace
@@ -28,5 +42,10 @@ bool take(std::int64_t bytes) {
 }
 
 void giveBack(std::int64_t bytes) { state().used -= bytes; }
+
+std::string refusal(const std::string& what, std::int64_t bytes) {
+    return what + " needs " + sizeText(bytes) + ", beyond the memory budget of " + sizeText(limit()) + " (" +
+           sizeText(used()) + " in use; see --memory-limit)";
+}
 
 }  // namespace vz::MemoryBudget

@@ -5,6 +5,7 @@
 // exhausting the machine. 4 GiB unless the command line says otherwise
 // (--memory-limit).
 #include <cstdint>
+#include <string>
 
 namespace vz {
 
@@ -18,6 +19,9 @@ std::int64_t used();
 // Counts `bytes` against the budget; false, counting nothing, when they would pass it.
 bool take(std::int64_t bytes);
 void giveBack(std::int64_t bytes);
+// The message refusing `what`, which needs `bytes`: "<what> needs 6 MiB, beyond the memory
+// budget of 4096 MiB (4093.5 MiB in use; see --memory-limit)".
+std::string refusal(const std::string& what, std::int64_t bytes);
 
 }  // namespace MemoryBudget
 

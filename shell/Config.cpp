@@ -51,10 +51,8 @@ void checkSizes(const Config& c, const Numbers& n) {
                    std::to_string(c.screenSlotCount) + ")");
     const std::int64_t pools =
         LayerManager::poolBytes(c.smallSlotCount, c.screenSlotCount, std::int64_t{c.windowHeight} * c.hardwareWidth);
-    if (pools > MemoryBudget::limit())
-        refuse(n.where[5], "the slot pools take " + std::to_string(pools >> 20) +
-                               " MiB, more than the memory budget of " + std::to_string(MemoryBudget::limit() >> 20) +
-                               " MiB (--memory-limit)");
+    if (pools > MemoryBudget::limit() - MemoryBudget::used())
+        refuse(n.where[5], MemoryBudget::refusal("the memory of the slot pools", pools));
 }
 
 }  // namespace

@@ -68,14 +68,12 @@ private:
     long frameIndex_ = 0;
 };
 
+}  // namespace
+
 void logActualTime(float t) {
-    // Cut towards zero to tenths in double precision (0.7f is 0.69999998... and logs
-    // 0.6), written as a double in the stream's default form.
     const double tenths = std::trunc(static_cast<double>(t) * 10.0) * 0.1;
     logout() << lend << "actualTime = " << tenths << lend;
 }
-
-}  // namespace
 
 int playDemo(const Options& options, Console& console) {
     // A fresh log.
