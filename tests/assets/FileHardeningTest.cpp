@@ -1,16 +1,14 @@
-// What the file layer refuses before a reader can loop on it: things that are not
-// regular files, files too large to read whole, and more open files than the system
-// allows; each refusal says why.
+// What the file layer refuses, saying why: files too large to read whole, and more open
+// files than the system allows (not a missing file). Files that are not regular files
+// are refused in tests/e2e/HostileDemoTest.cpp.
 #include "assets/File.hpp"
 
 #include <gtest/gtest.h>
 
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <filesystem>
-#include <functional>
 #include <memory>
 
 #include "support/TestSupport.hpp"
@@ -19,27 +17,6 @@ namespace vz {
 namespace {
 
 namespace fs = std::filesystem;
-
-TEST(FileHardening, OnlyRegularFilesOpen) {
-    test::ScratchDir dir;
-    fs::create_directory("folder");
-    ::mkfifo("fifo", 0644);
-    fs::create_symlink("/dev/zero", "zero");
-    test::writeFile("real.txt", "text\n");
-    fs::create_symlink("real.txt", "link.txt");
-    const std::pair<const char*, const char*> cases[] = {
-        {"folder", "not a regular file"},
-        {"fifo", "not a regular file"},  // refused without waiting for a writer
-        {"zero", "not a regular file"},
-        {"missing", "No such file or directory"},
-        {"link.txt", ""},  // a link to a regular file is read like the file
-    };
-    for (const auto& [name, why] : cases) {
-        File file;
-        EXPECT_EQ(file.open(name), *why == '\0') << name;
-        EXPECT_EQ(file.whyNot(), why) << name;
-    }
-}
 
 TEST(FileHardening, FilesTooLargeToReadWholeAreRefusedUnread) {
     test::ScratchDir dir;
