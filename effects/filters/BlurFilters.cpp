@@ -16,7 +16,7 @@ namespace vz {
 namespace {
 
 // The box blurs. A radius of 0 or less copies the source unchanged; larger radii are cut
-// to the table's room (64) and to half the line, see boxBlurRadius. Blurring a layer onto
+// to the table's room (64), see boxBlurRadius. Blurring a layer onto
 // itself works as if from a copy: the source is copied to a frame kept for that purpose.
 class BoxBlurFilter : public Component {
 public:
@@ -36,7 +36,7 @@ public:
 
     void run(float t) override {
         radius_ = intensity_.sample(t);
-        const int n = boxBlurRadius(radius_, direction_ == rows ? width_ : height_);
+        const int n = boxBlurRadius(radius_);
         if (n == 0) {
             copyRun(target_.pixels, source_.pixels, sharedCount(target_), renduNormal);
             return;

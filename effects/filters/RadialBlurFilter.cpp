@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vector>
 
+#include "core/SafeNumbers.hpp"
 #include "effects/filters/TowardsCentre.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "script/Component.hpp"
@@ -16,10 +17,10 @@ namespace vz {
 namespace {
 
 // Normalised -1..1 to a pixel, held inside 0 .. side - 1 so the inward samples, which lie
-// between a pixel and the centre, stay inside the layer.
+// between a pixel and the centre, stay inside the layer. A position that is not a number
+// (a track interpolated from huge keys) is the first pixel.
 int centrePixel(float normalised, int side) {
-    const double pixel = std::floor((static_cast<double>(normalised) + 1.0) * (side >> 1));
-    return static_cast<int>(std::clamp(pixel, 0.0, static_cast<double>(side - 1)));
+    return clampToInt(std::floor((static_cast<double>(normalised) + 1.0) * (side >> 1)), 0, side - 1);
 }
 
 class RadialBlurFilter32bpp : public Component {
