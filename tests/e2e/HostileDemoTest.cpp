@@ -123,9 +123,6 @@ void wrongCrc(std::string& zip, std::size_t l, std::size_t c) {
     put32(zip, l + 14, 0x1234), put32(zip, c + 16, 0x1234);
 }
 void declares4GiB(std::string& zip, std::size_t l, std::size_t c) { put32(zip, l + 22, ~0u), put32(zip, c + 24, ~0u); }
-void declares50MiB(std::string& zip, std::size_t l, std::size_t c) {
-    put32(zip, l + 22, 50u << 20), put32(zip, c + 24, 50u << 20);
-}
 // The first deflate block gets the reserved block type: inflating it fails.
 void badBlock(std::string& zip, std::size_t l, std::size_t) {
     zip[l + 30 + static_cast<unsigned char>(zip[l + 26]) + static_cast<unsigned char>(zip[l + 28])] = 0x07;
@@ -136,11 +133,9 @@ void encryptedScript() { writeDamagedZip({{"main.txt", script}}, "main.txt", enc
 void scriptFailingCrc() { writeDamagedZip({{"main.txt", script}}, "main.txt", wrongCrc); }
 void scriptNotInflating() { writeDamagedZip({{"main.txt", script}}, "main.txt", badBlock); }
 void scriptDeclaring4GiB() { writeDamagedZip({{"main.txt", "wait 0.1\nwait 0.2\n"}}, "main.txt", declares4GiB); }
-void pictureDeclaring(Patch patch) {
-    writeDamagedZip({{"main.txt", "add p Layer32bpp pic.pcx\n"}, {"pic.pcx", "x"}}, "pic.pcx", patch);
+void pictureDeclaring4GiB() {
+    writeDamagedZip({{"main.txt", "add p Layer32bpp pic.pcx\n"}, {"pic.pcx", "x"}}, "pic.pcx", declares4GiB);
 }
-void pictureDeclaring4GiB() { pictureDeclaring(declares4GiB); }
-void pictureDeclaring50MiB() { pictureDeclaring(declares50MiB); }
 void damagedArchive() { writeFile("config.txt", archiveConfig), writeFile("data.zip", "PK not a zip"); }
 void missingArchive() { writeFile("config.txt", archiveConfig); }
 void moreFilesThanSlots() {
@@ -150,7 +145,6 @@ void moreFilesThanSlots() {
     writeZip("data.zip", {{"main.txt", texts}, {"x.txt", "words\n"}});
 }
 void zipWithoutConfig() { writeZip("show.zip", {{"main.txt", "wait 9\n"}}); }
-void damagedZipDemo() { writeFile("show.zip", "PK\x03\x04 and nothing else"); }
 
 TEST(HostileDemo, LyingArchives) {
     const std::string cannotOpen = "vzplayer: TextParser can not open file (";
@@ -166,8 +160,6 @@ TEST(HostileDemo, LyingArchives) {
         {"a picture declaring 4 GiB", pictureDeclaring4GiB, "", 1,
          "vzplayer: main.txt:1: loadPcx error (pic.pcx: it declares 4294967295 bytes, more than the 257 MiB a file "
          "read whole may hold)"},
-        {"a picture declaring 50 MiB", pictureDeclaring50MiB, "", 1,
-         "vzplayer: main.txt:1: File : pic.pcx in data.zip : the member holds fewer bytes than it declares"},
         {"a damaged archive", damagedArchive, "", 1,
          cannotOpen + "main.txt: the archive data.zip is not a readable zip archive)"},
         {"a missing archive", missingArchive, "", 1,
@@ -177,8 +169,6 @@ TEST(HostileDemo, LyingArchives) {
          "data.zip)"},
         {"a zipped demo without config.txt", zipWithoutConfig, "", 1,
          cannotOpen + "config.txt: the archive {demo}/show.zip has no member config.txt)", "show.zip"},
-        {"a damaged zipped demo", damagedZipDemo, "", 1,
-         cannotOpen + "config.txt: the archive {demo}/show.zip is not a readable zip archive)", "show.zip"},
     };
     for (const Case& c : cases) play(c);
 }
@@ -223,13 +213,6 @@ TEST(HostileDemo, MissingFilesAreNamed) {
          "vzplayer: main.txt:1: Repository::aquire failure (no symbol nope (a Layer32bpp was wanted))"},
     };
     for (const Case& c : cases) play(c);
-}
-
-TEST(HostileDemo, AnEmptyDemoArgumentIsBadUsage) {
-    ScratchDir dir;
-    RunResult run = runPlayer({"--headless", ""}, dir.path().string());
-    EXPECT_EQ(run.status, 2);
-    EXPECT_EQ(run.standardError.substr(0, run.standardError.find('\n')), "vzplayer: the DEMO argument is empty");
 }
 
 }  // namespace
