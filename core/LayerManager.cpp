@@ -38,7 +38,8 @@ std::int64_t LayerManager::poolBytes(int smallSlotCount, int screenSlotCount, st
 LayerManager::LayerManager(int smallSlotCount, int screenSlotCount, std::int64_t screenSlotSize)
     : screenSlotSize_(screenSlotSize > 0 ? screenSlotSize : 0) {
     const std::int64_t pools = poolBytes(smallSlotCount, screenSlotCount, screenSlotSize_);
-    if (!MemoryBudget::take(pools)) throw error(MemoryBudget::refusal("LayerManager : the memory of the slot pools", pools));
+    if (!MemoryBudget::take(pools))
+        throw error(MemoryBudget::refusal("LayerManager : the memory of the slot pools", pools));
     budgeted_ = pools;
     // Pools start zeroed so that runs are reproducible; afterwards a slot keeps whatever
     // its previous layer left in it. A pool the heap cannot supply is simply empty.

@@ -20,26 +20,35 @@
 #include "script/Sequencer.hpp"
 #include "script/Show.hpp"
 #include "shell/sound/SoundSystem.hpp"
-#include "tests/assets/PictureWriters.hpp"
-#include "tests/shell/ModWriter.hpp"
+#include "tests/shell/TestSong.hpp"
+#include "tools/writers/BmpWriter.hpp"
+#include "tools/writers/GifWriter.hpp"
+#include "tools/writers/JpegWriter.hpp"
+#include "tools/writers/PcxWriter.hpp"
 
 namespace {
 
-using vz::test::Bytes;
+namespace writers = vz::writers;
 
 constexpr int screenWidth = 64, screenHeight = 48;
 constexpr float frameTimes[] = {0.0f, 0.1f, 0.35f, 1.0f, 2.5f, 7.0f, 20.0f};
 
-std::array<vz::test::Rgb, 256> greys() {
-    std::array<vz::test::Rgb, 256> palette{};
+std::vector<std::uint32_t> greys() {
+    std::vector<std::uint32_t> palette(256);
     for (std::uint32_t i = 0; i < 256; ++i) palette[i] = i * 0x010203u & 0xFFFFFF;
     return palette;
 }
 
-Bytes pattern(int width, int height, int step) {
-    Bytes indices(static_cast<std::size_t>(width) * height);
+writers::IndexedPicture pattern(int width, int height, int step) {
+    std::vector<std::uint8_t> indices(static_cast<std::size_t>(width) * height);
     for (std::size_t i = 0; i < indices.size(); ++i) indices[i] = static_cast<std::uint8_t>(i * step / 7);
-    return indices;
+    return {width, height, std::move(indices), greys()};
+}
+
+writers::RgbPicture greyPicture(int width, int height, int step) {
+    std::vector<std::uint32_t> colours(static_cast<std::size_t>(width) * height);
+    for (std::size_t i = 0; i < colours.size(); ++i) colours[i] = (i * step / 7 & 0xFF) * 0x010101u;
+    return {width, height, colours};
 }
 
 // The files every input can name: pictures of the sizes components ask for (the band,
@@ -48,15 +57,13 @@ Bytes pattern(int width, int height, int step) {
 const vz::File::MemoryFiles& fixedAssets() {
     static const vz::File::MemoryFiles assets = [] {
         vz::File::MemoryFiles files;
-        const auto palette = greys();
-        const std::vector<vz::test::Rgb> table(palette.begin(), palette.end());
-        files["a.pcx"] = vz::test::makePcx(16, 16, pattern(16, 16, 3), palette);
-        files["s.pcx"] = vz::test::makePcx(screenWidth, screenHeight, pattern(screenWidth, screenHeight, 5), palette);
-        files["t.pcx"] = vz::test::makePcx(256, 256, pattern(256, 256, 1), palette);
-        files["police.pcx"] = vz::test::makePcx(8, 8 * 36, pattern(8, 8 * 36, 11), palette);
-        files["g.gif"] = vz::test::makeGif(16, 16, pattern(16, 16, 2), table);
-        files["p.bmp"] = vz::test::makeBmp24(16, 16, std::vector<vz::test::Rgb>(256, 0x804020));
-        files["j.jpg"] = vz::test::makeJpeg(16, 16, 1, pattern(16, 16, 9));
+        files["a.pcx"] = writers::encodePcx(pattern(16, 16, 3));
+        files["s.pcx"] = writers::encodePcx(pattern(screenWidth, screenHeight, 5));
+        files["t.pcx"] = writers::encodePcx(pattern(256, 256, 1));
+        files["police.pcx"] = writers::encodePcx(pattern(8, 8 * 36, 11));
+        files["g.gif"] = writers::encodeGif(pattern(16, 16, 2));
+        files["p.bmp"] = writers::encodeBmp24({16, 16, std::vector<std::uint32_t>(256, 0x804020)});
+        files["j.jpg"] = writers::encodeJpeg(greyPicture(16, 16, 9), 90, writers::JpegColour::grey);
         files["i.txt"] = vz::fuzz::bytesOf("square 3 1\n0 0\n5 1\n-2 2\n");
         files["f.txt"] = vz::fuzz::bytesOf("linear 3 0.5\n0 0\n1.5 1\n0 2\n");
         files["v2.txt"] = vz::fuzz::bytesOf("spline 4 1\n0 0 0\n1 2 1\n3 1 2\n0 0 3\n");

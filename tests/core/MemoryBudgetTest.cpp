@@ -32,9 +32,10 @@ TEST(MemoryBudget, LayersCountWhileTheyLiveAndPoolsOnlyOnce) {
     EXPECT_EQ(MemoryBudget::used() - before, (640 << 10) + 3 * 64 * 64);
     { Layer32bpp inSlots(64, 16); }
     EXPECT_EQ(MemoryBudget::used() - before, (640 << 10) + 3 * 64 * 64);
-    EXPECT_EQ(test::errorLineOf([] { LayerManager pools(0, 64, 16384); }),
-              "vzplayer: LayerManager : the memory of the slot pools needs 1 MiB, beyond the memory budget of 1 MiB (652 KiB "
-              "in use; see --memory-limit)");
+    EXPECT_EQ(
+        test::errorLineOf([] { LayerManager pools(0, 64, 16384); }),
+        "vzplayer: LayerManager : the memory of the slot pools needs 1 MiB, beyond the memory budget of 1 MiB (652 KiB "
+        "in use; see --memory-limit)");
 }
 
 }  // namespace

@@ -55,7 +55,8 @@ TEST(Config, MissingFileMissingValuesAndUnshowableSizesAreFatal) {
          "480"},
         {"640\n480\n400\n40\n-1\n2\n", "vzplayer: config.txt:5: slot counts out of range (-1, 2)"},
         {"8192\n# pools\n8192\n8192\n0\n32\n100\n",
-         "vzplayer: config.txt:7: the memory of the slot pools needs 6402.1 MiB, beyond the memory budget of 4096 MiB (0 MiB in "
+         "vzplayer: config.txt:7: the memory of the slot pools needs 6402.1 MiB, beyond the memory budget of 4096 MiB "
+         "(0 MiB in "
          "use; see --memory-limit)"},
         {"640\n480\n480\n0\n32\n2\n", "no error"},  // the band is the whole display
     };
