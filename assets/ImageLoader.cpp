@@ -39,45 +39,58 @@ Format formatOf(const std::string& fileName) {
 }
 
 // A decoder failure: the log names the decoder and the file between dash lines, the
-// exception carries the short text. Damage found by our own checks (a cut file, a lying
-// size) adds the reason and the file name to the short text.
+// exception carries the short text alone. What is wrong, and with which file, goes
+// beside it for standard error.
 struct FailureTexts {
     const char* log;
     const char* exception;
+    const char* refusal;  // the reason when the decoder refuses the file as not its own
 };
 
-constexpr FailureTexts pcxLayerFailure{"loadPcx error, the file was : ", "loadPcx error"};
-constexpr FailureTexts pcxPaletteFailure{"loadPalettePcx error, the file was : ", "loadPalettePcx error"};
-constexpr FailureTexts bmpFailure{"loadBmp error, the file was : ", "loadBmp error"};
+constexpr FailureTexts pcxLayerFailure{"loadPcx error, the file was : ", "loadPcx error",
+                                       "not an 8-bit run-length PCX picture"};
+constexpr FailureTexts pcxPaletteFailure{"loadPalettePcx error, the file was : ", "loadPalettePcx error",
+                                         "not an 8-bit run-length PCX picture"};
+constexpr FailureTexts bmpFailure{"loadBmp error, the file was : ", "loadBmp error", "not a BMP picture"};
 
 struct GifFailureTexts {
     FailureTexts sizeQuery;
     FailureTexts read;
 };
 
-constexpr GifFailureTexts gifLayerFailure{{"loadGif error in get_size, the file was : ", "loadGif error"},
-                                          {"loadGif error in read_gif, the file was : ", "loadGif error"}};
+constexpr GifFailureTexts gifLayerFailure{
+    {"loadGif error in get_size, the file was : ", "loadGif error", "not a GIF picture"},
+    {"loadGif error in read_gif, the file was : ", "loadGif error", "not a GIF picture this player reads"}};
 constexpr GifFailureTexts gifPaletteFailure{
-    {"loadPaletteGif error in get_size, the file was : ", "loadPaletteGif error"},
-    {"loadGif error in read_gif, the file was : ", "loadPaletteGif error"}};
+    {"loadPaletteGif error in get_size, the file was : ", "loadPaletteGif error", "not a GIF picture"},
+    {"loadGif error in read_gif, the file was : ", "loadPaletteGif error", "not a GIF picture this player reads"}};
 
 [[noreturn]] void fail(const FailureTexts& texts, const std::string& fileName, const char* reason = nullptr) {
-    if (!reason) fatal(texts.log + fileName, texts.exception);
-    fatal(texts.log + fileName, std::string(texts.exception) + " : " + reason + " in " + fileName);
+    fatal(texts.log + fileName, texts.exception, fileName + ": " + (reason ? reason : texts.refusal));
+}
+
+[[noreturn]] void fail(const FailureTexts& texts, const std::string& fileName, const std::string& reason) {
+    fail(texts, fileName, reason.c_str());
+}
+
+// The detail of a name an entry point does not serve.
+std::string extensionDetail(const std::string& fileName, const char* served) {
+    return fileName + ": the text after the first dot is not one of " + served;
 }
 
 // Unknown extension: the log text is followed by the file name; the exception has the
 // text without its trailing " :".
-[[noreturn]] void failUnknownExtension(const char* entryPoint, const std::string& fileName) {
+[[noreturn]] void failUnknownExtension(const char* entryPoint, const std::string& fileName, const char* served) {
     const std::string text = std::string("ImageLoader::") + entryPoint + " : unknow file extention";
-    fatal(text + " :" + fileName, text);
+    fatal(text + " :" + fileName, text, extensionDetail(fileName, served));
 }
 
 // ---- PCX ----
 
 IndexedPicture loadPcx(const std::string& fileName, const FailureTexts& texts) {
     std::vector<std::uint8_t> bytes;
-    if (!readWholeFile(fileName, bytes)) fail(texts, fileName);
+    std::string why;
+    if (!readWholeFile(fileName, bytes, why)) fail(texts, fileName, why);
     IndexedPicture picture;
     DecodeStatus status = decodePcx(bytes, picture);
     if (status != DecodeStatus::ok) fail(texts, fileName, damageReason(status));
@@ -94,9 +107,9 @@ struct GifFile {
 
 GifFile openGif(const std::string& fileName, const GifFailureTexts& texts) {
     GifFile gif;
-    GifSizeResult result =
-        readWholeFile(fileName, gif.bytes) ? queryGifSize(gif.bytes, gif.screen) : GifSizeResult::openFailed;
-    if (result != GifSizeResult::ok) fail(texts.sizeQuery, fileName);
+    std::string why;
+    if (!readWholeFile(fileName, gif.bytes, why)) fail(texts.sizeQuery, fileName, why);
+    if (queryGifSize(gif.bytes, gif.screen) != GifSizeResult::ok) fail(texts.sizeQuery, fileName);
     if (!pictureSizeAccepted(gif.screen.width, gif.screen.height))
         fail(texts.sizeQuery, fileName, damageReason(DecodeStatus::badSize));
     return gif;
@@ -120,7 +133,8 @@ Palette256 decodeGifInto(const GifFile& gif, std::uint8_t* destination, const st
 
 BmpPicture loadBmp(const std::string& fileName) {
     std::vector<std::uint8_t> bytes;
-    if (!readWholeFile(fileName, bytes)) fail(bmpFailure, fileName);
+    std::string why;
+    if (!readWholeFile(fileName, bytes, why)) fail(bmpFailure, fileName, why);
     BmpHeader header;
     DecodeStatus status = readBmpHeader(bytes, header);
     if (status == DecodeStatus::rejected) printBmpUnsupportedType(fileName);
@@ -128,7 +142,7 @@ BmpPicture loadBmp(const std::string& fileName) {
     printBmpHeaderReport(header, quietReportLevel);
     if (!bmpBitCountSupported(header)) {
         printBmpUnsupportedBitCount();
-        fail(bmpFailure, fileName);
+        fail(bmpFailure, fileName, "bits per pixel other than 1, 4, 8 or 24");
     }
     BmpPicture picture;
     status = decodeBmpPixels(bytes, header, picture);
@@ -138,29 +152,34 @@ BmpPicture loadBmp(const std::string& fileName) {
 
 // ---- JPEG ----
 
-std::unique_ptr<Layer32bpp> loadJpg(const std::string& fileName) {
-    std::vector<std::uint8_t> bytes;
-    readWholeFile(fileName, bytes);  // a file that cannot be opened has no header to read
-    JpegPicture picture;
-    switch (decodeJpeg(bytes, picture)) {
-    case JpegResult::initFailed: logout() << "Cannot initialize Intel JPEG library\n" << lend; return nullptr;
-    case JpegResult::headerFailed:
-        logout() << "Cannot read JPEG file header from " << fileName << lend;
-        throw error("loadJpg error");
-    case JpegResult::badSize:
-        logout() << "Cannot read JPEG file header from " << fileName << lend;
-        throw error(std::string("loadJpg error : ") + damageReason(DecodeStatus::badSize) + " in " + fileName);
-    case JpegResult::dataFailed:
-        logout() << "Cannot read image data from " << fileName << lend;
-        throw error("loadJpg error");
-    case JpegResult::ok: break;
-    }
-    // Consecutive 3-byte groups with no regard to the row padding: widths whose rows are
-    // not a multiple of 4 bytes come out sheared, as they always have. Freeing the
-    // library's state cannot fail here, so that failure has no message to give.
+// Consecutive 3-byte groups with no regard to the row padding: widths whose rows are
+// not a multiple of 4 bytes come out sheared, as they always have. Freeing the
+// library's state cannot fail here, so that failure has no message to give.
+std::unique_ptr<Layer32bpp> layerFromJpeg(const JpegPicture& picture) {
     auto layer = std::make_unique<Layer32bpp>(picture.width, picture.height);
     pixelsFromByteTriples(picture.samples.data(), static_cast<std::size_t>(layer->pixelCount()), layer->pixels);
     return layer;
+}
+
+std::unique_ptr<Layer32bpp> loadJpg(const std::string& fileName) {
+    std::vector<std::uint8_t> bytes;
+    std::string why;
+    // A file that cannot be read has no header to read: the header failure reports it.
+    if (!readWholeFile(fileName, bytes, why)) bytes.clear();
+    JpegPicture picture;
+    const JpegResult result = decodeJpeg(bytes, picture);
+    if (result == JpegResult::initFailed) {
+        logout() << "Cannot initialize Intel JPEG library\n" << lend;
+        return nullptr;
+    }
+    if (result == JpegResult::ok) return layerFromJpeg(picture);
+    const bool header = result != JpegResult::dataFailed;
+    logout() << (header ? "Cannot read JPEG file header from " : "Cannot read image data from ") << fileName << lend;
+    if (why.empty())
+        why = result == JpegResult::badSize      ? damageReason(DecodeStatus::badSize)
+              : result == JpegResult::dataFailed ? "the image data is damaged or ends early"
+                                                 : "no JPEG header";
+    throw error("loadJpg error", fileName + ": " + why);
 }
 
 std::unique_ptr<Layer32bpp> layerFromIndices(const std::uint8_t* indices, int width, int height,
@@ -194,7 +213,7 @@ std::unique_ptr<Layer32bpp> LoadLayer32bpp(const std::string& fileName) {
     case Format::jpg: return loadJpg(fileName);
     case Format::unknown: break;
     }
-    failUnknownExtension("LoadLayer32bpp", fileName);
+    failUnknownExtension("LoadLayer32bpp", fileName, "pcx, gif, bmp, jpg");
 }
 
 std::unique_ptr<Layer8bpp> LoadLayer8bpp(const std::string& fileName) {
@@ -213,7 +232,7 @@ std::unique_ptr<Layer8bpp> LoadLayer8bpp(const std::string& fileName) {
     }
     default: break;
     }
-    failUnknownExtension("LoadLayer8bpp", fileName);
+    failUnknownExtension("LoadLayer8bpp", fileName, "pcx, gif");
 }
 
 std::unique_ptr<Palette> LoadPalette(const std::string& fileName) {
@@ -229,14 +248,14 @@ std::unique_ptr<Palette> LoadPalette(const std::string& fileName) {
     }
     default: break;
     }
-    failUnknownExtension("LoadPalette", fileName);
+    failUnknownExtension("LoadPalette", fileName, "pcx, gif");
 }
 
 std::unique_ptr<LayerRle> LoadLayerRle(const std::string& fileName) {
     if (formatOf(fileName) != Format::pcx) {
         // The log line has always spelt the entry point "LoadLayeRle"; the exception does not.
         fatal("ImageLoader::LoadLayeRle : we support only pcx files! :" + fileName,
-              "ImageLoader::LoadLayerRle : we support only pcx files!");
+              "ImageLoader::LoadLayerRle : we support only pcx files!", extensionDetail(fileName, "pcx"));
     }
     IndexedPicture picture = loadPcx(fileName, pcxLayerFailure);
     return std::make_unique<LayerRle>(picture.width, picture.height,

@@ -42,8 +42,13 @@ public:
 
 protected:
     Layer(int w, int h);
-    void* takeMemory(std::int64_t bytes);
+    // Pixel memory for a layer of `kind`; heap memory counts against the memory budget,
+    // and a layer that would pass it is a fatal error naming its kind and size.
+    void* takeMemory(std::int64_t bytes, const char* kind);
     void giveBackMemory(void* memory);
+
+private:
+    std::int64_t budgeted_ = 0;  // heap bytes counted against the memory budget
 };
 
 // The number of pixels every listed layer holds: runs that combine several layers as

@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "core/MemoryBudget.hpp"
 #include "core/error.hpp"
 #include "core/logstream.hpp"
 
@@ -26,8 +27,20 @@ void clearRun(std::vector<std::uint32_t>& marks, int index) {
 LayerManager* LayerManager::current() { return holder().get(); }
 void LayerManager::install(std::unique_ptr<LayerManager> manager) { holder() = std::move(manager); }
 
+std::int64_t LayerManager::poolBytes(int smallSlotCount, int screenSlotCount, std::int64_t screenSlotSize) {
+    // One spare small slot: the pool is aligned on a slot boundary inside its block.
+    const std::int64_t small =
+        smallSlotCount > 0 ? (std::int64_t{smallSlotCount} + 1) * std::int64_t{smallSlotSize} : 0;
+    const std::int64_t screen = screenSlotCount > 0 && screenSlotSize > 0 ? screenSlotCount * screenSlotSize : 0;
+    return small + screen;
+}
+
 LayerManager::LayerManager(int smallSlotCount, int screenSlotCount, std::int64_t screenSlotSize)
     : screenSlotSize_(screenSlotSize > 0 ? screenSlotSize : 0) {
+    const std::int64_t pools = poolBytes(smallSlotCount, screenSlotCount, screenSlotSize_);
+    if (!MemoryBudget::take(pools))
+        throw error(MemoryBudget::refusal("LayerManager : the memory of the slot pools", pools));
+    budgeted_ = pools;
     // Pools start zeroed so that runs are reproducible; afterwards a slot keeps whatever
     // its previous layer left in it. A pool the heap cannot supply is simply empty.
     if (smallSlotCount > 0) {
@@ -51,6 +64,7 @@ LayerManager::LayerManager(int smallSlotCount, int screenSlotCount, std::int64_t
 LayerManager::~LayerManager() {
     std::free(smallBlock_);
     std::free(screenPool_);
+    MemoryBudget::giveBack(budgeted_);
 }
 
 void* LayerManager::takeScreenSlot() {
@@ -108,6 +122,11 @@ void* LayerManager::takeSmallRun() {
         }
     }
     throw error("LayerManager::findEmptySlots256K : Out of empty slots");
+}
+
+bool LayerManager::servesFromPool(std::int64_t size) const {
+    return (screenSlotSize_ > 0 && (size == screenSlotSize_ || size == 4 * screenSlotSize_)) ||
+           size == static_cast<std::int64_t>(smallSlotSize) || size == static_cast<std::int64_t>(4 * smallSlotSize);
 }
 
 void* LayerManager::allocate(std::int64_t size) {

@@ -25,6 +25,12 @@ public:
 
     void* allocate(std::int64_t size);
     void release(void* pointer);
+    // True when allocate(size) takes a slot rather than the heap.
+    bool servesFromPool(std::int64_t size) const;
+
+    // The memory two pools of these counts set aside; it counts against the memory
+    // budget for as long as the manager lives.
+    static std::int64_t poolBytes(int smallSlotCount, int screenSlotCount, std::int64_t screenSlotSize);
 
     // Inspection for diagnostics and tests.
     std::uint32_t smallMark(int index) const { return smallMarks_[index]; }
@@ -51,6 +57,7 @@ private:
     std::vector<std::uint32_t> screenMarks_;
     std::uint32_t screenCounter_ = 0;
     std::int64_t screenSlotSize_ = 0;
+    std::int64_t budgeted_ = 0;
 };
 
 }  // namespace vz

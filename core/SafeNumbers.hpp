@@ -24,6 +24,11 @@ inline std::int64_t clampToInt64(double v, std::int64_t low, std::int64_t high) 
     return static_cast<std::int64_t>(v);
 }
 
+// The largest time, in seconds, that a script may set the show's clock to or start its
+// music at (about 28 hours). Beyond it a float clock advances in steps a frame can see,
+// and a run with --until would not end in any time a person waits.
+constexpr double maxClockSeconds = 100000.0;
+
 // True when v is finite and low <= v <= high (the test of a value read once, which is
 // refused with an error rather than clamped).
 inline bool finiteWithin(double v, double low, double high) { return std::isfinite(v) && v >= low && v <= high; }

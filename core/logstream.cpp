@@ -1,8 +1,12 @@
 #include "core/logstream.hpp"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
+#include <cerrno>
+#include <cstring>
 #include <ctime>
-#include <fstream>
+#include <ext/stdio_filebuf.h>
 
 #include "core/error.hpp"
 
@@ -35,6 +39,46 @@ std::ostream& nullStream() {
     return stream;
 }
 
+// An output stream over a file descriptor, which it closes when it goes.
+class DescriptorStream : public std::ostream {
+public:
+    explicit DescriptorStream(int fd) : std::ostream(nullptr), buffer_(fd, std::ios::out) { rdbuf(&buffer_); }
+
+private:
+    __gnu_cxx::stdio_filebuf<char> buffer_;
+};
+
+// Opens the log for writing with `flags` added, or returns -1 with the reason. The log
+// goes only into a regular file that is not marked read-only, whoever runs the player,
+// and never through a symbolic link: a downloaded demo could point one at any file of
+// the user. An existing file keeps its mode; a new one is made readable by all.
+int openLogFile(int flags, std::string& why) {
+    constexpr const char* symbolicLink = "a symbolic link, which the player does not follow";
+    struct stat status {};
+    if (::lstat(logstream::fileName, &status) == 0) {
+        if (S_ISLNK(status.st_mode))
+            why = symbolicLink;
+        else if (!S_ISREG(status.st_mode))
+            why = "not a regular file";
+        else if ((status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0)
+            why = "the file is read-only";
+        if (!why.empty()) return -1;
+    }
+    // Not blocking, so that a FIFO put in its place between the two looks fails at once.
+    const int fd = ::open(logstream::fileName, flags | O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0644);
+    if (fd < 0) {
+        why = errno == ELOOP ? symbolicLink : std::strerror(errno);
+        return -1;
+    }
+    if (::fstat(fd, &status) != 0 || !S_ISREG(status.st_mode)) {
+        ::close(fd);
+        why = "not a regular file";
+        return -1;
+    }
+    ::fcntl(fd, F_SETFL, ::fcntl(fd, F_GETFL) & ~O_NONBLOCK);
+    return fd;
+}
+
 void writeClosingLines(std::ostream& os) {
     os << lend << "Closing log at " << localTimeText() << lend << dashLine << lend;
 }
@@ -51,16 +95,18 @@ void logstream::reset() {
         writeClosingLines(*out_);
         out_.reset();
     }
-    std::ofstream truncate(fileName, std::ios::out | std::ios::trunc);
-    truncate.close();
-    ::chmod(fileName, 0644);
+    // A file that cannot be truncated is left as it is: open() then refuses it.
+    std::string why;
+    const int fd = openLogFile(O_TRUNC, why);
+    if (fd >= 0) ::close(fd);
 }
 
 void logstream::open() {
     if (out_) return;
-    auto file = std::make_unique<std::ofstream>(fileName, std::ios::out | std::ios::app);
-    if (!*file) throw error("logstream: could not open file for writing");
-    out_ = std::move(file);
+    std::string why;
+    const int fd = openLogFile(O_APPEND, why);
+    if (fd < 0) throw error("logstream: could not open file for writing", std::string(fileName) + ": " + why);
+    out_ = std::make_unique<DescriptorStream>(fd);
     *out_ << "Opening log on " << localTimeText() << lend << dashLine << lend;
 }
 

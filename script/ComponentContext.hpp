@@ -35,18 +35,18 @@ public:
     // literal. A missing name or another kind is a fatal error naming the symbol.
     template <class T>
     T& symbol() {
-        return Repository::dataAs<T>(borrow(repository().aquire(parser_)));
+        return Repository::dataAs<T>(borrow(repository().aquire(parser_, T::staticKind())));
     }
     // A declared symbol of kind T, never a literal (a track that a component rewrites).
     template <class T>
     T& declared() {
-        return Repository::dataAs<T>(borrow(repository().aquire(word())));
+        return Repository::dataAs<T>(borrow(repository().aquire(word(), T::staticKind())));
     }
     int integer();  // "%d"
     // An integer that sizes or counts something: "<name> N is not within LOW to HIGH"
     // unless LOW <= N <= HIGH.
     int integerWithin(const char* name, int low, int high);
-    float real();         // "%f"
+    float real();  // "%f"
     // A float that becomes a size, a position or a time: "<name> V is not within LOW to
     // HIGH" unless it is finite and LOW <= V <= HIGH.
     float realWithin(const char* name, double low, double high);

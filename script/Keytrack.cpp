@@ -82,17 +82,30 @@ constexpr int maxKeyCount = 1000000;
 
 [[noreturn]] void reject(const std::string& message) { fatal(message); }
 
-// The time inside the loop [0, period). Equivalent to adding or subtracting the period
-// until the time lies in range, but in constant time, so that a huge time cannot stall
-// the frame. A time that is not a number is taken as 0.
+// Beyond this many additions or subtractions of the period a time is taken as lying far
+// outside the loop, and its remainder is computed instead, so that it cannot stall a
+// frame (or, where adding the period no longer changes a float, loop for ever).
+constexpr int maxWrapSteps = 65536;
+
+// The time inside the loop [0, period): the period added while the time is below 0, then
+// subtracted while it is not below the period, one float operation at a time. A computed
+// remainder is not the same: its rounding differs, and at key boundaries it picks
+// another segment. A time that is not a number is taken as 0.
 float wrapTime(float t, float period) {
     if (!std::isfinite(t)) return 0.0f;
-    if (t < 0.0f) {
-        t = std::fmod(t, period);
-        if (t < 0.0f) t += period;
+    int steps = 0;
+    while (t < 0.0f && steps < maxWrapSteps) {
+        t += period;
+        ++steps;
     }
-    if (t >= period) t = std::fmod(t, period);
-    return t;
+    while (t >= period && steps < maxWrapSteps) {
+        t -= period;
+        ++steps;
+    }
+    if (t >= 0.0f && t < period) return t;
+    const double remainder = std::fmod(static_cast<double>(t), static_cast<double>(period));
+    const float wrapped = static_cast<float>(remainder < 0.0 ? remainder + period : remainder);
+    return wrapped < period ? wrapped : 0.0f;
 }
 
 float square(float, float p1, float, float, float) { return p1; }

@@ -4,6 +4,7 @@
 
 #include "core/Layer.hpp"
 #include "core/Palette.hpp"
+#include "core/error.hpp"
 #include "core/logstream.hpp"
 #include "script/Repository.hpp"
 #include "script/ResourceKinds.hpp"
@@ -50,10 +51,15 @@ std::unique_ptr<Material> Material::load(const std::string& fileName, Repository
     TextParser parser;
     parser.open(fileName);
     auto material = std::make_unique<Material>();
-    while (parser.nextLine()) {
-        std::string key = parser.getTokenCopy();
-        if (!applyKey(*material, key.c_str(), parser, repository))
-            logout() << "ResourceMaterial : unknow key " << key << lend;
+    try {
+        while (parser.nextLine()) {
+            std::string key = parser.getTokenCopy();
+            if (!applyKey(*material, key.c_str(), parser, repository))
+                logout() << "ResourceMaterial : unknow key " << key << lend;
+        }
+    } catch (error& e) {
+        e.locate(parser.location());  // a missing symbol is named at its material line
+        throw;
     }
     return material;
 }

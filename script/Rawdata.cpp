@@ -10,9 +10,9 @@ namespace vz {
 
 std::unique_ptr<Rawdata> Rawdata::load(const std::string& fileName) {
     auto data = std::make_unique<Rawdata>();
-    if (!readWholeFile(fileName, data->bytes)) {
-        fatal("Fatal: Rawdata : open failure of " + fileName, "Rawdata : can not open " + fileName);
-    }
+    std::string why;
+    if (!readWholeFile(fileName, data->bytes, why))
+        fatal("Fatal: Rawdata : open failure of " + fileName, "Rawdata : can not open file", fileName + ": " + why);
     return data;
 }
 

@@ -96,7 +96,7 @@ void Repository::sub(const std::string& name) {
     symbols_.pop_back();
 }
 
-Symbol* Repository::aquire(TextParser& parser) {
+Symbol* Repository::aquire(TextParser& parser, const char* wanted) {
     std::string token = parser.getTokenCopy();
     if (std::unique_ptr<Resource> constant = readConstant(token, parser)) {
         // Constants are anonymous: never logged, never checked, never dropped.
@@ -106,17 +106,19 @@ Symbol* Repository::aquire(TextParser& parser) {
         append(std::move(symbol));
         return result;
     }
-    return aquire(token);
+    return aquire(token, wanted);
 }
 
-Symbol* Repository::aquire(const std::string& name) {
+Symbol* Repository::aquire(const std::string& name, const char* wanted) {
     if (Symbol* symbol = find(name)) return symbol;
-    fatal("Fatal: " + name + " was not found", "Repository::aquire failure");
+    fatal("Fatal: " + name + " was not found", "Repository::aquire failure",
+          "no symbol " + name + (wanted ? std::string(" (a ") + wanted + " was wanted)" : std::string()));
 }
 
 // The same exception as a missing name: the framed log line says what went wrong.
 void Repository::wrongKind(const Symbol& symbol, const char* wanted) {
-    fatal("Fatal: " + symbol.name() + " is not a " + wanted, "Repository::aquire failure");
+    fatal("Fatal: " + symbol.name() + " is not a " + wanted, "Repository::aquire failure",
+          symbol.name() + " is a " + symbol.getData()->kindName() + ", a " + wanted + " was wanted");
 }
 
 void Repository::clear() { symbols_.clear(); }

@@ -37,8 +37,10 @@ public:
     void add(std::unique_ptr<Symbol> symbol, const std::string& name);
     void load(TextParser& parser);  // the "add" script command
     void sub(const std::string& name);
-    Symbol* aquire(TextParser& parser);  // a name or an inline "const..." literal
-    Symbol* aquire(const std::string& name);
+    // A name or an inline "const..." literal. `wanted`, the kind the caller asks for,
+    // completes the message of a name that is missing.
+    Symbol* aquire(TextParser& parser, const char* wanted = nullptr);
+    Symbol* aquire(const std::string& name, const char* wanted = nullptr);
     Symbol* find(const std::string& name) const;  // null when absent, logs nothing
 
     // The resource a symbol holds, checked to be of kind T: a wrong kind is a fatal
@@ -50,7 +52,7 @@ public:
     }
     template <class T>
     T& aquireAs(const std::string& name) {
-        return dataAs<T>(*aquire(name));
+        return dataAs<T>(*aquire(name, T::staticKind()));
     }
 
     int count() const { return static_cast<int>(symbols_.size()); }

@@ -1,6 +1,7 @@
 #include "script/Sequencer.hpp"
 
 #include <algorithm>
+#include <cmath>
 #include <sstream>
 
 #include "core/error.hpp"
@@ -51,6 +52,16 @@ void Sequencer::read(float t) {
     if (t <= waitTime_) return;
     // Entry lines refer to the component created last in this same call.
     Component* current = nullptr;
+    try {
+        readLines(t, current);
+    } catch (error& e) {
+        e.locate(parser_.location());
+        throw;
+    }
+    releaseIfUnplaced(current);
+}
+
+void Sequencer::readLines(float t, Component*& current) {
     while (parser_.nextLine()) {
         const char first = parser_.peekChar();
         if (first >= '0' && first <= '9') {
@@ -67,7 +78,7 @@ void Sequencer::read(float t) {
         } else if (keyword == "sub") {
             show_.repository.sub(parser_.getTokenCopy());
         } else if (keyword == "wait") {
-            waitTime_ = parser_.getFloat();
+            waitTime_ = readTime("wait");
             if (t <= waitTime_) return;  // a wait already past does not stop reading
         } else if (keyword == "waitFrame") {
             return;
@@ -76,22 +87,40 @@ void Sequencer::read(float t) {
             return;
         } else {
             if (!current) logout() << lend << scriptName_ << ":" << lend;
+            releaseIfUnplaced(current);
             current = createComponent(keyword);
         }
     }
 }
 
+void Sequencer::releaseIfUnplaced(Component* component) {
+    // Entry lines can only follow their component within one reading: a component that
+    // got none by the time another one is made or the reading stops will never run, and
+    // the resources it took are let go now, so that "sub" frees them.
+    if (component && component->useCount == 0) destroy(component);
+}
+
+float Sequencer::readTime(const char* what) {
+    const float value = parser_.getFloat();
+    if (!std::isfinite(value)) {
+        std::ostringstream text;
+        text << what << " " << value << " is not a finite time";
+        fail(parser_.location(), text.str());
+    }
+    return value;
+}
+
 void Sequencer::readEntry(Component* current) {
-    const std::string where = parser_.fileName() + ":" + std::to_string(parser_.lineNumber());
+    const std::string where = parser_.location();
     if (!current) fail(where, "timeline entry without a component");
     if (entryCount() >= entryCapacity) fail(where, "more than " + std::to_string(entryCapacity) + " timeline entries");
 
     Entry entry;
     entry.component = current;
-    entry.begin = parser_.getFloat();
-    entry.end = parser_.getFloat();
-    entry.offset = parser_.getFloat();
-    entry.speed = parser_.getFloat();
+    entry.begin = readTime("begin");
+    entry.end = readTime("end");
+    entry.offset = readTime("offset");
+    entry.speed = readTime("speed");
     entry.order = parser_.getInt();
     ++current->useCount;
     logout() << entryCount() << " - Key [" << current->getName() << "] - begin [" << entry.begin << "] - end ["
@@ -146,9 +175,12 @@ void Sequencer::rebuildActiveList(float t) {
 }
 
 void Sequencer::releaseEnded(float t) {
-    // A one-shot entry (end -1.0) always qualifies: it is released in its first frame.
+    // A one-shot entry (end -1.0) is released in the frame in which it ran, the first
+    // one whose time has reached its begin; not before, or an entry read ahead of its
+    // begin would never run.
     for (Entry& entry : entries_) {
         if (!entry.component || entry.end > t) continue;
+        if (entry.end == -1.0f && entry.begin > t) continue;
         if (--entry.component->useCount == 0) destroy(entry.component);
         entry.component = nullptr;
     }
@@ -161,8 +193,13 @@ void Sequencer::destroy(Component* component) {
 }
 
 void Sequencer::fail(const std::string& where, const std::string& what) const {
-    const std::string message = "Sequencer : " + where + " : " + what;
-    fatal(message);
+    // The log names the place; standard error shows it in front of the message.
+    try {
+        fatal("Sequencer : " + where + " : " + what, "Sequencer : " + what);
+    } catch (error& e) {
+        e.locate(where);
+        throw;
+    }
 }
 
 }  // namespace vz

@@ -65,7 +65,10 @@ public:
 
 private:
     Sequencer(const std::string& scriptName, Show& show, const ExtraComponents* extra, int depth);
+    void readLines(float t, Component*& current);
     void readEntry(Component* current);
+    float readTime(const char* what);
+    void releaseIfUnplaced(Component* component);
     Component* createComponent(const std::string& keyword);
     void skipBlockComment();
     void rebuildActiveList(float t);

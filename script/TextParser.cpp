@@ -2,7 +2,6 @@
 
 #include <cstdio>
 #include <cstring>
-#include <exception>
 
 #include "core/error.hpp"
 #include "core/logstream.hpp"
@@ -15,14 +14,7 @@ bool isSeparator(char c) { return c == ' ' || c == '\v' || c == '\f' || c == '\n
 
 bool isTerminator(char c) { return c == '\0' || c == '#' || isSeparator(c); }
 
-std::string& locationText() {
-    static std::string text;
-    return text;
-}
-
 }  // namespace
-
-const std::string& TextParser::lastLocation() { return locationText(); }
 
 TextParser::~TextParser() { close(); }
 
@@ -33,19 +25,13 @@ void TextParser::open(const std::string& name) {
     std::memset(line_, 0, sizeof line_);
     cursor_ = line_;
     lastToken_ = "";
-    previousLocation_ = locationText();
-    if (!file_.open(name)) {
-        locationText() = name;
-        fatal("Fatal: Parser : open failure of " + name, "TextParser can not open file");
-    }
+    if (!file_.open(name))
+        fatal("Fatal: Parser : open failure of " + name, "TextParser can not open file", name + ": " + file_.whyNot());
 }
 
 void TextParser::close() {
     if (!file_.isOpen()) return;
     file_.close();
-    // Errors from here on belong to whatever was being read before this file; but while
-    // an error unwinds through the reader, the place where it happened stays recorded.
-    if (std::uncaught_exceptions() == 0) locationText() = previousLocation_;
 }
 
 bool TextParser::readLine() {
@@ -56,7 +42,6 @@ bool TextParser::readLine() {
     // A line cut at the buffer's size goes on in the next read: same line number.
     lineFinished_ = file_.readLine(line_, lineCapacity) < lineCapacity - 1;
     cursor_ = line_;
-    locationText() = name_ + ":" + std::to_string(lineNumber_);
     return true;
 }
 
@@ -73,7 +58,11 @@ bool TextParser::nextLine() {
 const char* TextParser::getToken() {
     char* c = cursor_;
     while (isSeparator(*c)) ++c;
-    if (*c == '\0' || *c == '#') throw error("Fatal: Parser : there is no tokens lefts in the line");
+    if (*c == '\0' || *c == '#') {
+        error missing("Fatal: Parser : there is no tokens lefts in the line");
+        missing.locate(location());
+        throw missing;
+    }
     char* end = c;
     while (!isTerminator(*end)) ++end;
     *end = '\0';

@@ -32,10 +32,8 @@ public:
 
     const std::string& fileName() const { return name_; }
     int lineNumber() const { return lineNumber_; }
-
-    // "file:line" of the most recent line read by any parser: lets the entry point say
-    // where a fatal error happened without changing the error's own message.
-    static const std::string& lastLocation();
+    // "file:line" of the current line, for errors found while reading it.
+    std::string location() const { return name_ + ":" + std::to_string(lineNumber_); }
 
 private:
     bool readLine();
@@ -46,7 +44,6 @@ private:
     char line_[lineCapacity + 1] = {};
     File file_;
     std::string name_;
-    std::string previousLocation_;
     int lineNumber_ = 0;
     bool lineFinished_ = true;  // the previous read ended on a line feed
 };

@@ -26,13 +26,15 @@ const char* usageText() {
            "Without DEMO: the current directory if it holds config.txt, else the bundled sample demo.\n"
            "\n"
            "  --headless         no window and no audio device; time advances by frames (n / fps)\n"
-           "  --fps N            frame rate of headless time (default 50)\n"
+           "  --fps N            frame rate of headless time, 1 to 1000 (default 50)\n"
            "  --until T          end after the first frame whose time is >= T seconds\n"
            "  --shot T=FILE.png  after the first frame whose time is >= T, write the whole\n"
            "                     display as a PNG (repeatable)\n"
            "  --dump-frames DIR  write every frame as DIR/frame-000000.png, frame-000001.png, ...\n"
            "  --audio-out FILE   headless: write the music, rendered in step with the frames,\n"
            "                     as a 44100 Hz stereo 16-bit WAV\n"
+           "  --memory-limit MIB the most memory the demo's layers and slot pools may take,\n"
+           "                     in MiB (default 4096)\n"
            "  --list-components  print every component keyword with its description and syntax\n"
            "                     (add --markdown for the reference page)\n"
            "  --help             this text\n"
@@ -56,7 +58,7 @@ Options parseCommandLine(int argc, const char* const* argv) {
             options.headless = true;
         } else if (arg == "--fps") {
             options.fps = parseNumber(arg, value(i, arg));
-            if (options.fps <= 0 || options.fps > 10000) throw UsageError("--fps must be between 0 and 10000");
+            if (options.fps < 1 || options.fps > 1000) throw UsageError("--fps must be between 1 and 1000");
         } else if (arg == "--until") {
             options.until = parseNumber(arg, value(i, arg));
         } else if (arg == "--shot") {
@@ -69,6 +71,10 @@ Options parseCommandLine(int argc, const char* const* argv) {
             options.dumpFramesDir = value(i, arg);
         } else if (arg == "--audio-out") {
             options.audioOut = value(i, arg);
+        } else if (arg == "--memory-limit") {
+            const double mib = parseNumber(arg, value(i, arg));
+            if (mib < 1 || mib > 1 << 20) throw UsageError("--memory-limit must be between 1 and 1048576 MiB");
+            options.memoryLimit = static_cast<std::int64_t>(mib * 1048576.0);
         } else if (arg == "--list-components") {
             options.listComponents = true;
         } else if (arg == "--markdown") {
@@ -79,6 +85,8 @@ Options parseCommandLine(int argc, const char* const* argv) {
             options.version = true;
         } else if (!arg.empty() && arg[0] == '-') {
             throw UsageError("unknown option " + arg);
+        } else if (arg.empty()) {
+            throw UsageError("the DEMO argument is empty");
         } else if (options.demo.empty()) {
             options.demo = arg;
         } else {

@@ -1,10 +1,13 @@
 #pragma once
 // The player's command line: which demo to play and how (window or headless, frame
 // rate, end time, screenshots, frame dumps, audio capture), or a listing of components.
+#include <cstdint>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "core/MemoryBudget.hpp"
 
 namespace vz {
 
@@ -14,13 +17,14 @@ struct Shot {
 };
 
 struct Options {
-    std::string demo;  // directory, .zip archive, or empty
+    std::string demo;  // directory, .zip archive, or empty (none given)
     bool headless = false;
     double fps = 50.0;
     std::optional<double> until;
     std::vector<Shot> shots;
     std::string dumpFramesDir;
     std::string audioOut;
+    std::int64_t memoryLimit = MemoryBudget::defaultLimit;  // bytes
     bool listComponents = false;
     bool markdown = false;  // with --list-components: the reference as Markdown
     bool help = false;

@@ -14,7 +14,6 @@
 #include "script/Sequencer.hpp"
 #include "script/SequencerFactory.hpp"
 #include "script/Show.hpp"
-#include "script/TextParser.hpp"
 #include "shell/Config.hpp"
 #include "shell/TextOverlay.hpp"
 #include "shell/display/Display.hpp"
@@ -69,21 +68,12 @@ private:
     long frameIndex_ = 0;
 };
 
+}  // namespace
+
 void logActualTime(float t) {
-    // Cut towards zero to tenths, written as a double in the stream's default form.
-    double tenths = static_cast<double>(static_cast<long long>(t * 10.0f)) * 0.1;
+    const double tenths = std::trunc(static_cast<double>(t) * 10.0) * 0.1;
     logout() << lend << "actualTime = " << tenths << lend;
 }
-
-void reportFatal(const std::string& message) {
-    const std::string& where = TextParser::lastLocation();
-    if (where.empty())
-        std::fprintf(stderr, "vzplayer: %s\n", message.c_str());
-    else
-        std::fprintf(stderr, "vzplayer: %s: %s\n", where.c_str(), message.c_str());
-}
-
-}  // namespace
 
 int playDemo(const Options& options, Console& console) {
     // A fresh log.
@@ -172,7 +162,7 @@ int playDemo(const Options& options, Console& console) {
         status = 1;
     } catch (const error& e) {
         logout() << lend << dashLine << lend << "exeption : " << e.message() << lend;
-        reportFatal(e.message());
+        std::fprintf(stderr, "%s\n", errorLine(e).c_str());
         status = options.headless ? 1 : 0;
     }
     // Sound, then the log.

@@ -11,4 +11,8 @@ class Console;
 // run or a display failure.
 int playDemo(const Options& options, Console& console);
 
+// What Space writes to the log: a line end, then "actualTime = " and t cut towards zero
+// to tenths in double precision (0.7f is 0.69999998... and logs 0.6).
+void logActualTime(float t);
+
 }  // namespace vz

@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "assets/File.hpp"
+#include "core/MemoryBudget.hpp"
 #include "core/error.hpp"
 #include "script/SequencerFactory.hpp"
 #include "shell/CommandLine.hpp"
@@ -72,6 +73,7 @@ int main(int argc, char** argv) {
                 vz::writeComponentList(std::cout);
             return 0;
         }
+        vz::MemoryBudget::setLimit(options.memoryLimit);
         makeOutputsAbsolute(options);
         if (!options.dumpFramesDir.empty()) fs::create_directories(options.dumpFramesDir);
         enterDemo(options, argv[0]);
@@ -86,6 +88,10 @@ int main(int argc, char** argv) {
     auto console = options.headless ? vz::makeHeadlessConsole() : vz::makeWindowConsole();
     try {
         return vz::playDemo(options, *console);
+    } catch (const vz::error& e) {
+        // Failures before the show starts (log, configuration) end the process.
+        std::fprintf(stderr, "%s\n", vz::errorLine(e).c_str());
+        return 1;
     } catch (const std::exception& e) {
         // Failures before the show starts (log, configuration) end the process.
         std::fprintf(stderr, "vzplayer: %s\n", e.what());

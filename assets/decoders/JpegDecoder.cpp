@@ -5,6 +5,8 @@
 #include <cstdio>
 
 #include <jpeglib.h>
+// After jpeglib.h, which it needs.
+#include <jerror.h>
 
 #include "assets/decoders/PictureSize.hpp"
 
@@ -26,7 +28,13 @@ struct Session {
     std::longjmp(session->fatal, 1);
 }
 
-void onMessage(j_common_ptr) {}  // warnings (such as a cut file padded with grey) stay quiet
+void onMessage(j_common_ptr) {}  // warnings stay quiet
+
+// A file whose data ends early is a failure, like any other data the library cannot
+// decode, rather than a picture whose rest the library has filled with grey.
+void onEmit(j_common_ptr info, int level) {
+    if (level < 0 && info->err->msg_code == JWRN_JPEG_EOF) onFatalError(info);
+}
 
 // Upper bound of the library's working memory, so a lying progressive file cannot
 // demand more than any picture a layer can hold needs.
@@ -36,6 +44,7 @@ bool createSession(Session& s) {
     s.info.err = jpeg_std_error(&s.errors);
     s.errors.error_exit = onFatalError;
     s.errors.output_message = onMessage;
+    s.errors.emit_message = onEmit;
     s.info.client_data = &s;
     if (setjmp(s.fatal)) return false;
     jpeg_create_decompress(&s.info);

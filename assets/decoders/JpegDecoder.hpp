@@ -14,7 +14,7 @@ enum class JpegResult {
     initFailed,    // the library could not be set up
     headerFailed,  // no readable JPEG header
     badSize,       // a size no layer can take
-    dataFailed,    // the compressed image data could not be decoded
+    dataFailed,    // the compressed image data could not be decoded, or ends early
 };
 
 struct JpegPicture {

@@ -24,8 +24,8 @@ namespace {
 enum class BlurDirection { rows, columns };
 
 // The box blurs. A radius of 0 or less copies the source unchanged; larger radii are cut
-// to the table's room (64) and to half the line, see boxBlurRadius. Blurring a layer onto
-// itself works as if from a copy: the source is copied to a frame kept for that purpose.
+// to the table's room (64), see boxBlurRadius. Blurring a layer onto itself works as if
+// from a copy: the source is copied to a frame kept for that purpose.
 template <BlurDirection D>
 class BoxBlurFilter : public Component {
 public:
@@ -38,7 +38,7 @@ public:
 
     void run(float t) override {
         const int w = target_.width, h = target_.height;
-        const int n = boxBlurRadius(intensity_.sample(t), D == BlurDirection::rows ? w : h);
+        const int n = boxBlurRadius(intensity_.sample(t));
         if (n == 0) {
             copyRun(target_.pixels, source_.pixels, sharedCount(target_), renduNormal);
             return;

@@ -14,6 +14,24 @@ inline std::uint32_t meanPixel(const std::uint32_t* table, std::int32_t r, std::
     return (table[r] << 16) | (table[g] << 8) | table[b];
 }
 
+// i modulo length, in 0 .. length - 1 also for negative i.
+inline int wrapped(int i, int length) { return (i % length + length) % length; }
+
+// Calls step(position, entering, leaving) for every position of a line, with the index
+// of the pixel entering the span and of the one leaving it. Only the two ends pay for
+// the wrap-around when the span fits in the line; otherwise every index is wrapped.
+template <class Step>
+void walkLine(int length, int n, Step step) {
+    if (2 * n > length) {
+        for (int x = 0; x < length; ++x) step(x, wrapped(x + n, length), wrapped(x - n, length));
+        return;
+    }
+    int x = 0;
+    for (; x < n; ++x) step(x, x + n, x - n + length);
+    for (; x < length - n; ++x) step(x, x + n, x - n);
+    for (; x < length; ++x) step(x, x + n - length, x - n);
+}
+
 }  // namespace
 
 BoxBlurTable::BoxBlurTable() : entries_(capacity, 0) { build(4); }
@@ -25,10 +43,7 @@ void BoxBlurTable::build(int n) {
         entries_[i] = static_cast<std::uint32_t>(static_cast<std::int32_t>(static_cast<float>(i) * reciprocal) & 0xFF);
 }
 
-int boxBlurRadius(int n, int length) {
-    if (n <= 0) return 0;
-    return std::min({n, BoxBlurTable::maxRadius, length / 2});
-}
+int boxBlurRadius(int n) { return n <= 0 ? 0 : std::min(n, BoxBlurTable::maxRadius); }
 
 void boxBlurLine(std::uint32_t* dst, const std::uint32_t* src, int length, std::ptrdiff_t stride, int n,
                  const std::uint32_t* table) {
@@ -38,19 +53,14 @@ void boxBlurLine(std::uint32_t* dst, const std::uint32_t* src, int length, std::
     auto remove = [&](std::uint32_t p) { r -= red(p), g -= green(p), b -= blue(p); };
     // The span of pixel 0 is -n .. n-1: its left half comes from the line's other end.
     for (int k = 0; k < n; ++k) {
-        add(at(k));
-        add(at(length - 1 - k));
+        add(at(wrapped(k, length)));
+        add(at(wrapped(length - 1 - k, length)));
     }
-    auto step = [&](int x, int entering, int leaving) {
+    walkLine(length, n, [&](int x, int entering, int leaving) {
         dst[x * stride] = meanPixel(table, r, g, b);
         add(at(entering));
         remove(at(leaving));
-    };
-    // Only the two ends pay for the wrap-around.
-    int x = 0;
-    for (; x < n; ++x) step(x, x + n, x - n + length);
-    for (; x < length - n; ++x) step(x, x + n, x - n);
-    for (; x < length; ++x) step(x, x + n - length, x - n);
+    });
 }
 
 void boxBlurRows(std::uint32_t* dst, const std::uint32_t* src, int width, int height, int n,
@@ -69,15 +79,15 @@ void boxBlurColumns(std::uint32_t* dst, const std::uint32_t* src, int width, int
     auto row = [&](int y) { return src + static_cast<std::ptrdiff_t>(y) * width; };
     std::fill_n(sums, 3 * static_cast<std::ptrdiff_t>(width), 0);
     for (int k = 0; k < n; ++k) {
-        const std::uint32_t* top = row(k);
-        const std::uint32_t* bottom = row(height - 1 - k);
+        const std::uint32_t* top = row(wrapped(k, height));
+        const std::uint32_t* bottom = row(wrapped(height - 1 - k, height));
         for (int x = 0; x < width; ++x) {
             r[x] += red(top[x]) + red(bottom[x]);
             g[x] += green(top[x]) + green(bottom[x]);
             b[x] += blue(top[x]) + blue(bottom[x]);
         }
     }
-    auto step = [&](int y, int entering, int leaving) {
+    walkLine(height, n, [&](int y, int entering, int leaving) {
         std::uint32_t* out = dst + static_cast<std::ptrdiff_t>(y) * width;
         const std::uint32_t* in = row(entering);
         const std::uint32_t* gone = row(leaving);
@@ -87,11 +97,7 @@ void boxBlurColumns(std::uint32_t* dst, const std::uint32_t* src, int width, int
             g[x] += green(in[x]) - green(gone[x]);
             b[x] += blue(in[x]) - blue(gone[x]);
         }
-    };
-    int y = 0;
-    for (; y < n; ++y) step(y, y + n, y - n + height);
-    for (; y < height - n; ++y) step(y, y + n, y - n);
-    for (; y < height; ++y) step(y, y + n - height, y - n);
+    });
 }
 
 }  // namespace vz

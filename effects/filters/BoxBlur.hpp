@@ -1,8 +1,9 @@
 #pragma once
 // Box blur by running sums: each output pixel is the mean of the 2n pixels from x - n
 // to x + n - 1 of its line (one pixel more to the left than to the right), the line
-// wrapping around at its ends. The mean is read from a division table, so the cost per
-// pixel is the same whatever the radius.
+// wrapping around at its ends: indices are taken modulo the line's length, so a radius
+// beyond half the line counts pixels more than once. The mean is read from a division
+// table, so the cost per pixel is the same whatever the radius.
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -26,13 +27,12 @@ private:
     std::vector<std::uint32_t> entries_;
 };
 
-// The radius a run uses for lines of `length` pixels: 0 (the source is copied as it is)
-// when n <= 0; at most maxRadius, the table's room; at most length / 2, so that the
-// 2n pixels of a span are distinct pixels of the line and the wrap stays inside it.
-int boxBlurRadius(int n, int length);
+// The radius a run uses: 0 (the source is copied as it is) when n <= 0; at most
+// maxRadius, the table's room.
+int boxBlurRadius(int n);
 
 // One line of `length` pixels, `stride` words apart, blurred with radius n (1 <= n <=
-// length / 2). The result's alpha byte is 0. The plain reference of both directions.
+// maxRadius). The result's alpha byte is 0. The plain reference of both directions.
 void boxBlurLine(std::uint32_t* dst, const std::uint32_t* src, int length, std::ptrdiff_t stride, int n,
                  const std::uint32_t* table);
 

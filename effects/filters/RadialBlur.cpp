@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "core/SafeNumbers.hpp"
 #include "effects/filters/TowardsCentre.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 
@@ -20,8 +21,7 @@ void blurRow(std::uint32_t* row, const std::uint32_t* inwardRow, int width, int 
 }  // namespace
 
 int radialCentre(float normalised, int side) {
-    const double pixel = std::floor((static_cast<double>(normalised) + 1.0) * (side >> 1));
-    return static_cast<int>(std::clamp(pixel, 0.0, static_cast<double>(side - 1)));
+    return clampToInt(std::floor((static_cast<double>(normalised) + 1.0) * (side >> 1)), 0, side - 1);
 }
 
 void radialBlur(std::uint32_t* pixels, int width, int height, int cx, int cy, int intensity, int smoothness,

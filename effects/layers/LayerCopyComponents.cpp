@@ -126,13 +126,15 @@ private:
 // The target is filled from the source's pixel (posX, posY) on, one target row per source
 // row. The window is not clipped to the source: past its right edge a row reads on into
 // the following source row. Pixels that would come from outside the source's memory are
-// left as they are.
+// left as they are. A layer cropped from itself gets what that copy, row by row and
+// pixel by pixel, leaves in it.
 class Crop32bpp : public Component {
 public:
     Crop32bpp(ComponentContext& in)
-        : target_(in.symbol<Layer32bpp>()), source_(in.symbol<Layer32bpp>()), posX_(in.integer()), posY_(in.integer()) {
-        in.requireDistinct(target_, source_);
-    }
+        : target_(in.symbol<Layer32bpp>()),
+          source_(in.symbol<Layer32bpp>()),
+          posX_(in.integer()),
+          posY_(in.integer()) {}
 
     void run(float) override {
         target_.posX = 0;

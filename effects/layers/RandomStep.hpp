@@ -8,9 +8,9 @@ namespace vz {
 
 class RandomStep {
 public:
-    // Values lie in 0 .. amplitude - 1; the caller keeps the amplitude within 0..32768, so
-    // amplitude x seed stays below 2^31. The seed is the next one of the program-wide
-    // counter, taken in construction order.
+    // Values lie in 0 .. amplitude - 1 (amplitude + 1 .. 0 for a negative one), for any
+    // amplitude: the product with the seed is taken in 64 bits, where it cannot overflow.
+    // The seed is the next one of the program-wide counter, taken in construction order.
     RandomStep(int amplitude, int periodSeconds)
         : amplitude_(static_cast<float>(amplitude)),
           period_(static_cast<float>(periodSeconds)),
@@ -18,16 +18,16 @@ public:
 
     // The value at local time t: unchanged until a period has passed since the last draw.
     // The first draw comes at t >= period - 1.
-    std::uint32_t at(float t) {
+    std::int64_t at(float t) {
         if (lastChange_ + period_ > t) return value_;
         lastChange_ = t;
         seed_ = (seed_ * 997u) & 0xFFFFu;
-        value_ = static_cast<std::uint32_t>(static_cast<std::int32_t>(amplitude_ * static_cast<float>(seed_)) >> 16);
+        value_ = static_cast<std::int64_t>(amplitude_ * static_cast<float>(seed_)) >> 16;
         return value_;
     }
 
 private:
-    std::uint32_t value_ = 0;
+    std::int64_t value_ = 0;
     float amplitude_;
     float period_;
     float lastChange_ = -1.0f;

@@ -1,5 +1,6 @@
 // Layers tiled over the target: shifted by random offsets redrawn every few seconds, or
 // scrolled by two offset tracks with wrap-around.
+#include <cstdint>
 #include <string>
 
 #include "effects/layers/RandomStep.hpp"
@@ -16,19 +17,16 @@ namespace {
 // The two generators of one component, the X axis taking its seed first.
 struct RandomOffsets {
     RandomOffsets(ComponentContext& in)
-        // Amplitudes beyond a layer's largest side only move whole tiles out of sight and
-        // would overflow the generator's arithmetic, so they are refused.
-        : maxX(in.integerWithin("maxOffsetX", 0, Layer::maxSide)),
-          maxY(in.integerWithin("maxOffsetY", 0, Layer::maxSide)),
-          fps(in.integer()),
-          x(maxX, fps),
-          y(maxY, fps) {}
+        // Any amplitude: the offsets are reduced to the tile they fall in before drawing.
+        : maxX(in.integer()), maxY(in.integer()), fps(in.integer()), x(maxX, fps), y(maxY, fps) {}
     int maxX, maxY, fps;
     RandomStep x, y;
 };
 
 // Truncating remainder: a negative track value gives a negative remainder, so the first
 // tile starts right of (or below) the origin and the band before it stays as it was.
+// The components tiling a 32-bit layer accept it as their own source: the tiles then
+// read what the ones drawn before them left (see drawTiles).
 int wrappedOffset(KeytrackInt& track, float localTime, int size) { return track.sample(localTime) % size; }
 
 class CopyLayerRandomOffset32bpp : public Component {
@@ -37,13 +35,11 @@ public:
         : target_(in.symbol<Layer32bpp>()),
           source_(in.symbol<Layer32bpp>()),
           offsets_(in),
-          rendu_(in.symbol<KeytrackInt>()) {
-        in.requireDistinct(target_, source_);
-    }
+          rendu_(in.symbol<KeytrackInt>()) {}
 
     void run(float localTime) override {
-        const int ox = static_cast<int>(offsets_.x.at(localTime));
-        const int oy = static_cast<int>(offsets_.y.at(localTime));
+        const std::int64_t ox = offsets_.x.at(localTime);
+        const std::int64_t oy = offsets_.y.at(localTime);
         drawTiles(target_, source_, -ox, -oy, sampleRendu(rendu_, localTime));
     }
 
@@ -63,8 +59,8 @@ public:
           offsets_(in) {}
 
     void run(float localTime) override {
-        const int ox = static_cast<int>(offsets_.x.at(localTime));
-        const int oy = static_cast<int>(offsets_.y.at(localTime));
+        const std::int64_t ox = offsets_.x.at(localTime);
+        const std::int64_t oy = offsets_.y.at(localTime);
         drawTiles(target_, source_, palette_, -ox, -oy);
     }
 
@@ -82,9 +78,7 @@ public:
           source_(in.symbol<Layer32bpp>()),
           offsetX_(in.symbol<KeytrackInt>()),
           offsetY_(in.symbol<KeytrackInt>()),
-          rendu_(in.symbol<KeytrackInt>()) {
-        in.requireDistinct(target_, source_);
-    }
+          rendu_(in.symbol<KeytrackInt>()) {}
 
     void run(float localTime) override {
         const int ox = wrappedOffset(offsetX_, localTime, source_.width);

@@ -1,5 +1,6 @@
 #include "effects/rendu/BulkKernels.hpp"
 
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 
@@ -33,6 +34,16 @@ const BulkKernelSet* avx2Kernels() {
 const BulkKernelSet& activeKernels() { return *chosenKernels(); }
 
 void setForceScalar(bool force) { chosenKernels() = force ? &scalarKernels() : &fastestKernels(); }
+
+void copyRunInOrder(std::uint32_t* dst, const std::uint32_t* src, std::size_t n, int rendu) {
+    const auto d = reinterpret_cast<std::uintptr_t>(dst), s = reinterpret_cast<std::uintptr_t>(src);
+    const std::size_t gap = (d > s ? d - s : s - d) / sizeof(std::uint32_t);
+    if (gap == 0 || gap >= n) {
+        copyRun(dst, src, n, rendu);
+        return;
+    }
+    for (std::size_t done = 0; done < n; done += gap) copyRun(dst + done, src + done, std::min(gap, n - done), rendu);
+}
 
 void fillRun8(std::uint8_t* dst, std::uint8_t value, std::size_t n) {
     if (n != 0) std::memset(dst, value, n);

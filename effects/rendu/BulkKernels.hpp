@@ -66,6 +66,12 @@ inline void copyRunPalette(std::uint32_t* dst, const std::uint8_t* indices, cons
     activeKernels().copyPalette(dst, indices, palette, n);
 }
 
+// A run whose source may overlap its destination (a layer copied onto itself), with the
+// result of taking the pixels one after another from 0 to n - 1, each read after the
+// ones before it were written. Done as bulk runs of the distance between the two, which
+// never overlap: one run when the memories are apart, as for two layers.
+void copyRunInOrder(std::uint32_t* dst, const std::uint32_t* src, std::size_t n, int rendu);
+
 // 8-bit runs: the C library's own routines are already as fast as it gets.
 void fillRun8(std::uint8_t* dst, std::uint8_t value, std::size_t n);
 void copyRun8(std::uint8_t* dst, const std::uint8_t* src, std::size_t n);

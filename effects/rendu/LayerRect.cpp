@@ -32,7 +32,8 @@ void forEachCopyRow(const Layer& layer, std::int64_t sourcePixels, std::int64_t 
     const Span span = copySpan(layer, w, h);
     for (int row = 0; row < span.h; ++row) {
         const std::int64_t dst = static_cast<std::int64_t>(layer.posY + row) * layer.width + layer.posX;
-        const std::int64_t src = static_cast<std::int64_t>(sy + row) * sourceStride + sx;
+        // In 64 bits: a window far from the source must not wrap around into it.
+        const std::int64_t src = (static_cast<std::int64_t>(sy) + row) * sourceStride + sx;
         const std::int64_t first = std::max<std::int64_t>(0, -src);
         const std::int64_t last = std::min<std::int64_t>(span.w, sourcePixels - src);
         if (first < last) copyRow(dst + first, src + first, static_cast<std::size_t>(last - first));
@@ -54,7 +55,7 @@ void fillRect(Layer32bpp& layer, int w, int h, std::uint32_t colour, int rendu) 
 void copyRect(Layer32bpp& layer, const Layer32bpp& source, int sx, int sy, int w, int h, int rendu) {
     forEachCopyRow(layer, source.pixelCount(), source.width, sx, sy, w, h,
                    [&](std::int64_t dst, std::int64_t src, std::size_t n) {
-                       copyRun(layer.pixels + dst, source.pixels + src, n, rendu);
+                       copyRunInOrder(layer.pixels + dst, source.pixels + src, n, rendu);
                    });
 }
 

@@ -17,7 +17,9 @@ void fillRect(Layer32bpp& layer, int w, int h, std::uint32_t colour, int rendu);
 // source's right edge reads the start of the following rows). Nothing is drawn unless
 // the position lies inside the layer; w and h are cut to the layer's edge (the last
 // column and row are reached). Source pixels outside the source's memory are not read:
-// the destination pixels they would have covered are left as they are.
+// the destination pixels they would have covered are left as they are. The layer may be
+// its own source: rows are copied top to bottom and pixels left to right, each reading
+// what the copy has left there so far.
 void copyRect(Layer32bpp& layer, const Layer32bpp& source, int sx, int sy, int w, int h, int rendu);
 
 // The same for 8-bit layers, a plain byte copy.

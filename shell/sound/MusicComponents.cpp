@@ -2,13 +2,16 @@
 
 #include <algorithm>
 
+#include "core/SafeNumbers.hpp"
 #include "script/ComponentContext.hpp"
 #include "shell/sound/SoundSystem.hpp"
 
 namespace vz {
 
 PlayModule::PlayModule(ComponentContext& in)
-    : fileName_(in.word()), startPosition_(in.integer()), timeOffset_(in.real()) {}
+    : fileName_(in.word()),
+      startPosition_(in.integer()),
+      timeOffset_(in.realWithin("timeOffset", -maxClockSeconds, maxClockSeconds)) {}
 
 void PlayModule::run(float) {
     if (started_) return;
@@ -17,9 +20,9 @@ void PlayModule::run(float) {
 }
 
 PlayMp3::PlayMp3(ComponentContext& in) : fileName_(in.word()) {
-    // Whole milliseconds, cut towards zero; kept inside the range of an int.
-    startMs_ = static_cast<int>(std::clamp(in.real() * 1000.0, -2147483648.0, 2147483647.0));
-    timeOffset_ = in.real();
+    // Whole milliseconds, cut towards zero.
+    startMs_ = static_cast<int>(in.realWithin("startTime", 0.0, maxClockSeconds) * 1000.0);
+    timeOffset_ = in.realWithin("timeOffset", -maxClockSeconds, maxClockSeconds);
 }
 
 void PlayMp3::run(float) {

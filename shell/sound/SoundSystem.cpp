@@ -31,11 +31,11 @@ std::int64_t threadCpuNanoseconds() {
 // Reads and opens a music file; null (said on stderr) when it cannot be played.
 std::unique_ptr<MusicDecoder> loadMusic(const std::string& name, MusicKind kind, int where) {
     std::vector<std::uint8_t> bytes;
-    if (!readMusicFile(name, bytes)) {
-        std::cerr << "vzplayer: music file not found: " << name << " (the show runs on the timer)\n";
+    std::string why;
+    if (!readMusicFile(name, bytes, why)) {
+        std::cerr << "vzplayer: cannot read music file " << name << ": " << why << " (the show runs on the timer)\n";
         return nullptr;
     }
-    std::string why;
     auto music = kind == MusicKind::module ? openModule(bytes, where, why) : openStream(std::move(bytes), where, why);
     if (!music)
         std::cerr << "vzplayer: cannot play music file " << name << ": " << why << " (the show runs on the timer)\n";

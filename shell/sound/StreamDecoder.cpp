@@ -73,6 +73,7 @@ private:
         auto& s = *static_cast<StreamDecoder*>(self);
         std::size_t left = s.bytes_.size() - s.position_;
         std::size_t n = count < left ? count : left;
+        if (n == 0) return 0;  // an empty file has no data to copy from
         std::memcpy(buffer, s.bytes_.data() + s.position_, n);
         s.position_ += n;
         return static_cast<mpg123_ssize_t>(n);

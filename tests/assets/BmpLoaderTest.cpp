@@ -88,13 +88,15 @@ TEST(BmpLoader, BadFilesGiveTheFramedLogAndTheirText) {
     const struct {
         std::string file, message, printed;
     } cases[] = {
-        {"type.bmp", "loadBmp error", "\n\nError : Unsupported file format.\n\nFile : type.bmp\n\n"},
-        {"depth.bmp", "loadBmp error", "\nError : Unsupported biBitCount.\n\n"},
-        {"missing.bmp", "loadBmp error", ""},
-        {"cut.bmp", "loadBmp error : data ends early in cut.bmp", ""},
-        {"header.bmp", "loadBmp error : data ends early in header.bmp", ""},
-        {"rlecut.bmp", "loadBmp error : data ends early in rlecut.bmp", ""},
-        {"huge.bmp", "loadBmp error : picture size out of range in huge.bmp", ""},
+        {"type.bmp", "loadBmp error (type.bmp: not a BMP picture)",
+         "\n\nError : Unsupported file format.\n\nFile : type.bmp\n\n"},
+        {"depth.bmp", "loadBmp error (depth.bmp: bits per pixel other than 1, 4, 8 or 24)",
+         "\nError : Unsupported biBitCount.\n\n"},
+        {"missing.bmp", "loadBmp error (missing.bmp: No such file or directory)", ""},
+        {"cut.bmp", "loadBmp error (cut.bmp: data ends early)", ""},
+        {"header.bmp", "loadBmp error (header.bmp: data ends early)", ""},
+        {"rlecut.bmp", "loadBmp error (rlecut.bmp: data ends early)", ""},
+        {"huge.bmp", "loadBmp error (huge.bmp: picture size out of range)", ""},
     };
     for (const auto& c : cases) {
         testing::internal::CaptureStdout();

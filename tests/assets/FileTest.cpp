@@ -91,7 +91,9 @@ TEST(FileInArchive, SlotsAreBoundedAt32AndAMissingArchiveOpensNothing) {
     File::switchToArchive("nowhere.zip");  // a missing archive fails every open
     EXPECT_FALSE(File().open("a.txt"));
     std::vector<std::uint8_t> bytes;
-    EXPECT_FALSE(readWholeFile("a.txt", bytes));
+    std::string why;
+    EXPECT_FALSE(readWholeFile("a.txt", bytes, why));
+    EXPECT_EQ(why, "the archive nowhere.zip cannot be opened: No such file or directory");
 }
 
 }  // namespace

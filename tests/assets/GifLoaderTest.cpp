@@ -60,7 +60,7 @@ TEST(GifLoader, SixteenColourTableIsReadAs256Entries) {
     Bytes file = writers::encodeGif({2, 1, {1, 2}, greyTable(16)}, {.tableEntries = 16});
     writeBytes("cut16.gif", file);
     // Too short to hold 256 entries: the table read runs into the end of the file.
-    EXPECT_EQ(failureLog(asLayer8, "cut16.gif", "loadGif error : data ends early in cut16.gif"),
+    EXPECT_EQ(failureLog(asLayer8, "cut16.gif", "loadGif error (cut16.gif: data ends early)"),
               framed("loadGif error in read_gif, the file was : cut16.gif"));
 
     // With a comment after the table, entries 16-255 are taken from the comment and the
@@ -98,16 +98,17 @@ TEST(GifLoader, BadFilesGiveTheStepAndTheFile) {
     const std::string sizeStep = "loadGif error in get_size, the file was : ";
     const std::string readStep = "loadGif error in read_gif, the file was : ";
     expectRefusals({
-        {asLayer32, "sig.gif", "loadGif error", sizeStep},
-        {asLayer8, "none.gif", "loadGif error", sizeStep},
-        {asLayer8, "zero.gif", "loadGif error : picture size out of range in zero.gif", sizeStep},
-        {asLayer32, "trailer.gif", "loadGif error", readStep},
-        {asLayer8, "codesize.gif", "loadGif error", readStep},
-        {asLayer8, "corrupt.gif", "loadGif error : corrupt picture data in corrupt.gif", readStep},
-        {asLayer8, "cut.gif", "loadGif error : data ends early in cut.gif", readStep},
+        {asLayer32, "sig.gif", "loadGif error (sig.gif: not a GIF picture)", sizeStep},
+        {asLayer8, "none.gif", "loadGif error (none.gif: No such file or directory)", sizeStep},
+        {asLayer8, "zero.gif", "loadGif error (zero.gif: picture size out of range)", sizeStep},
+        {asLayer32, "trailer.gif", "loadGif error (trailer.gif: not a GIF picture this player reads)", readStep},
+        {asLayer8, "codesize.gif", "loadGif error (codesize.gif: not a GIF picture this player reads)", readStep},
+        {asLayer8, "corrupt.gif", "loadGif error (corrupt.gif: corrupt picture data)", readStep},
+        {asLayer8, "cut.gif", "loadGif error (cut.gif: data ends early)", readStep},
         // The palette entry point has its own texts, except the read step's log line.
-        {asPalette, "sig.gif", "loadPaletteGif error", "loadPaletteGif error in get_size, the file was : "},
-        {asPalette, "trailer.gif", "loadPaletteGif error", readStep},
+        {asPalette, "sig.gif", "loadPaletteGif error (sig.gif: not a GIF picture)",
+         "loadPaletteGif error in get_size, the file was : "},
+        {asPalette, "trailer.gif", "loadPaletteGif error (trailer.gif: not a GIF picture this player reads)", readStep},
     });
 }
 

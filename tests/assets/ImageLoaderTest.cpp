@@ -16,15 +16,16 @@ TEST(ImageLoader, NamesAnEntryPointDoesNotServe) {
     ScratchDir dir;
     const struct {
         EntryPoint load;
-        std::string message, log;
+        std::string message, log, served;
         std::vector<std::string> otherFormats;
     } entryPoints[] = {
-        {asLayer32, "ImageLoader::LoadLayer32bpp : unknow file extention", "", {}},
-        {asLayer8, "ImageLoader::LoadLayer8bpp : unknow file extention", "", {"pic.bmp", "pic.jpg"}},
-        {asPalette, "ImageLoader::LoadPalette : unknow file extention", "", {"pic.bmp", "pic.jpg"}},
+        {asLayer32, "ImageLoader::LoadLayer32bpp : unknow file extention", "", "pcx, gif, bmp, jpg", {}},
+        {asLayer8, "ImageLoader::LoadLayer8bpp : unknow file extention", "", "pcx, gif", {"pic.bmp", "pic.jpg"}},
+        {asPalette, "ImageLoader::LoadPalette : unknow file extention", "", "pcx, gif", {"pic.bmp", "pic.jpg"}},
         {asLayerRle,
          "ImageLoader::LoadLayerRle : we support only pcx files!",
          "ImageLoader::LoadLayeRle : we support only pcx files!",
+         "pcx",
          {"pic.gif", "pic.bmp", "pic.jpg"}},
     };
     for (const auto& entry : entryPoints) {
@@ -32,7 +33,9 @@ TEST(ImageLoader, NamesAnEntryPointDoesNotServe) {
         names.insert(names.end(), entry.otherFormats.begin(), entry.otherFormats.end());
         for (const std::string& name : names) {
             writeFile(name, greyPcx());
-            expectRefusals({{entry.load, name, entry.message, (entry.log.empty() ? entry.message : entry.log) + " :"}});
+            const std::string line =
+                entry.message + " (" + name + ": the text after the first dot is not one of " + entry.served + ")";
+            expectRefusals({{entry.load, name, line, (entry.log.empty() ? entry.message : entry.log) + " :"}});
         }
     }
 }

@@ -58,17 +58,24 @@ TEST(JpegLoader, FailuresAreLoggedWithTheFileName) {
     for (std::size_t i = 0; i + 6 < badTables.size(); ++i)
         if (badTables[i] == 0xFF && badTables[i + 1] == 0xDA) badTables[i + 6] = 0x33;
     writeBytes("huffman.jpg", badTables);
-    for (const auto& [file, line] : {std::pair{"cut.jpg", "Cannot read JPEG file header from cut.jpg"},
-                                     {"missing.jpg", "Cannot read JPEG file header from missing.jpg"},
-                                     {"huffman.jpg", "Cannot read image data from huffman.jpg"}})
-        EXPECT_EQ(failureLog(asLayer32, file, "loadJpg error"), std::vector<std::string>{line});
-
-    // A file cut inside its image data still loads: the library fills the rest.
+    // A file cut inside its image data fails like damaged data, instead of loading with
+    // the rest filled in grey.
     Pixels noise(64 * 64);
     for (std::size_t i = 0; i < noise.size(); ++i) noise[i] = static_cast<std::uint32_t>(i * 37 % 251) * 0x010101u;
     const Bytes large = jpeg(64, 64, noise, writers::JpegColour::grey);
     writeBytes("short.jpg", Bytes(large.begin(), large.end() - 200));
-    EXPECT_EQ(ImageLoader::LoadLayer32bpp("short.jpg")->width, 64);
+    const struct {
+        std::string file, line, log;
+    } cases[] = {
+        {"cut.jpg", "loadJpg error (cut.jpg: no JPEG header)", "Cannot read JPEG file header from cut.jpg"},
+        {"missing.jpg", "loadJpg error (missing.jpg: No such file or directory)",
+         "Cannot read JPEG file header from missing.jpg"},
+        {"huffman.jpg", "loadJpg error (huffman.jpg: the image data is damaged or ends early)",
+         "Cannot read image data from huffman.jpg"},
+        {"short.jpg", "loadJpg error (short.jpg: the image data is damaged or ends early)",
+         "Cannot read image data from short.jpg"},
+    };
+    for (const auto& c : cases) EXPECT_EQ(failureLog(asLayer32, c.file, c.line), std::vector<std::string>{c.log});
 }
 
 }  // namespace

@@ -29,11 +29,12 @@ inline void asLayer8(const std::string& file) { ImageLoader::LoadLayer8bpp(file)
 inline void asPalette(const std::string& file) { ImageLoader::LoadPalette(file); }
 inline void asLayerRle(const std::string& file) { ImageLoader::LoadLayerRle(file); }
 
-// Loads `file` with a fresh log, expects error(message), and returns what it logged
-// (the log's own opening and closing lines left out).
+// Loads `file` with a fresh log, expects an error whose standard error line reads
+// "vzplayer: " + `message` (the exact exception text, then the detail in brackets), and
+// returns what it logged (the log's own opening and closing lines left out).
 inline std::vector<std::string> failureLog(EntryPoint load, const std::string& file, const std::string& message) {
     startLog();
-    EXPECT_EQ(errorOf([&] { load(file); }), message) << file;
+    EXPECT_EQ(errorLineOf([&] { load(file); }), "vzplayer: " + message) << file;
     std::vector<std::string> lines = stopLogAndReadLines();
     return {lines.begin() + 2, lines.end() - 3};
 }

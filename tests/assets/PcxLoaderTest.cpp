@@ -54,12 +54,13 @@ TEST(PcxLoader, BadFilesReportTheDecoderAndTheFile) {
 
     const std::string layerLog = "loadPcx error, the file was : ", paletteLog = "loadPalettePcx error, the file was : ";
     expectRefusals({
-        {asLayer32, "version.pcx", "loadPcx error", layerLog},
-        {asLayer8, "missing.pcx", "loadPcx error", layerLog},
-        {asPalette, "version.pcx", "loadPalettePcx error", paletteLog},
-        {asLayerRle, "cut.pcx", "loadPcx error : data ends early in cut.pcx", layerLog},
-        {asPalette, "nopalette.pcx", "loadPalettePcx error : data ends early in nopalette.pcx", paletteLog},
-        {asLayer32, "huge.pcx", "loadPcx error : picture size out of range in huge.pcx", layerLog},
+        {asLayer32, "version.pcx", "loadPcx error (version.pcx: not an 8-bit run-length PCX picture)", layerLog},
+        {asLayer8, "missing.pcx", "loadPcx error (missing.pcx: No such file or directory)", layerLog},
+        {asPalette, "version.pcx", "loadPalettePcx error (version.pcx: not an 8-bit run-length PCX picture)",
+         paletteLog},
+        {asLayerRle, "cut.pcx", "loadPcx error (cut.pcx: data ends early)", layerLog},
+        {asPalette, "nopalette.pcx", "loadPalettePcx error (nopalette.pcx: data ends early)", paletteLog},
+        {asLayer32, "huge.pcx", "loadPcx error (huge.pcx: picture size out of range)", layerLog},
     });
 }
 

@@ -59,7 +59,7 @@ TEST(PlayerRun, LogOfAShortShow) {
 TEST(PlayerRun, AMissingScriptIsLoggedAsAnExceptionAndFailsHeadless) {
     const Played played = playScript(nullptr);
     EXPECT_EQ(played.status, 1);
-    EXPECT_EQ(played.standardError, "vzplayer: main.txt: TextParser can not open file\n");
+    EXPECT_EQ(played.standardError, "vzplayer: TextParser can not open file (main.txt: No such file or directory)\n");
     EXPECT_EQ(played.log, opened + framed("Fatal: Parser : open failure of main.txt") +
                               Lines({"", dashes, "exeption : TextParser can not open file"}) + closed);
 }
@@ -85,7 +85,7 @@ TEST(PlayerRun, BadUsageAndInformation) {
     RunResult unfit = runPlayer({"--headless"}, dir.path().string());
     EXPECT_EQ(unfit.status, 1);
     EXPECT_EQ(unfit.standardError,
-              "vzplayer: config.txt : the window band (height 40 at row 20) does not fit in the hardware height 48\n");
+              "vzplayer: config.txt:4: the window band (height 40 at row 20) does not fit in the hardware height 48\n");
 }
 
 TEST(PlayerRun, ComponentListingOnStandardOutput) {

@@ -48,10 +48,21 @@ TEST_F(Filter, BoxBlurRadiiAreLimitedWhiteStaysWhiteAndAlphaIsCleared) {
     source(3, 1, {0x12345678, 0x9ABCDEF0, 0x0F0F0F0F});
     EXPECT_EQ(blur("hBlurFilter32bpp", 3, 1, 0), (Pixels{0x12345678, 0x9ABCDEF0, 0x0F0F0F0F}));
     EXPECT_EQ(blur("vBlurFilter32bpp", 3, 1, -5), (Pixels{0x12345678, 0x9ABCDEF0, 0x0F0F0F0F}));
-    // Cut to the table, and to half the line: a column of 3 pixels takes radius 1.
+    // Cut to the table.
     fillRandom(source(150, 3, {}), 7);
     EXPECT_EQ(blur("hBlurFilter32bpp", 150, 3, 1000), blur("hBlurFilter32bpp", 150, 3, 64));
-    EXPECT_EQ(blur("vBlurFilter32bpp", 150, 3, 9), blur("vBlurFilter32bpp", 150, 3, 1));
+}
+
+// A radius beyond half the line takes its indices modulo the line: with n = 2 on 3
+// pixels the span of pixel 0 is pixels 1, 2, 0, 1.
+TEST_F(Filter, BoxBlurSpansLongerThanTheLineWrapAgain) {
+    source(3, 1, {grey(0), grey(30), grey(60)});
+    EXPECT_EQ(blur("hBlurFilter32bpp", 3, 1, 2), (Pixels{grey(30), grey(37), grey(22)}));
+    source(1, 3, {grey(0), grey(30), grey(60)});
+    EXPECT_EQ(blur("vBlurFilter32bpp", 1, 3, 2), (Pixels{grey(30), grey(37), grey(22)}));
+    // n = 64 on 5 pixels still averages 128 pixels of the line: white stays white.
+    source(5, 2, Pixels(10, 0xFFFFFF));
+    EXPECT_EQ(blur("hBlurFilter32bpp", 5, 2, 64), Pixels(10, 0xFFFFFF));
 }
 
 TEST_F(Filter, BoxBlurOfALayerOntoItselfMatchesBlurringACopy) {

@@ -21,10 +21,7 @@ TEST_F(EffectTest, LinesWithLayersOfTheWrongSizeOrNumbersOutOfRangeAreRefused) {
     addPalette("pal");
     addColor("col", 0);
     const std::pair<const char*, const char*> cases[] = {
-        {"copyLayerRandomOffset32bpp c4x4 c2x2 -1 0 1 constInt 32",
-         "copyLayerRandomOffset32bpp : maxOffsetX -1 is not within 0 to 32768"},
-        {"copyLayerWrapAround32bpp c2x2 c2x2 constInt 0 constInt 0 constInt 32",
-         "copyLayerWrapAround32bpp : target and source must be different layers"},
+        {"kernelBlurFilter32bpp c4x4 c4x4", "kernelBlurFilter32bpp : target and source must be different layers"},
         {"playVideo32bpp c4x4 c2x2 0 constInt 0 constInt 32", "playVideo32bpp : numFrames 0 is not within 1 to 32768"},
         {"combination32bpp c4x4 b4x4 b4x4 c255x256",
          "combination32bpp : the lut must hold 256x256 entries, it is 255x256"},

@@ -279,5 +279,23 @@ TEST_F(LayersTest, FogBlendsByDepthAndSkipsFarDepths) {
     EXPECT_EQ(pixelsOf(screen), (Pixels{0xFFFFFF, 0x7F7F7F, 0x070707, 0, 0}));
 }
 
+// A layer may be its own source: the copy then reads, pixel after pixel and tile after
+// tile, what it has already written.
+TEST_F(LayersTest, SelfSourcesGiveTheResultOfTheTraversal) {
+    Layer32bpp& strip = numbered32("strip", 4, 3, 1);
+    make("crop strip strip -1 0")->run(0);  // each pixel takes its left neighbour's new value
+    EXPECT_EQ(pixelsOf(strip), Pixels(12, 1));
+    // Quadrants A B / C D of a 4 x 4 layer tiled over itself two pixels up and left: the
+    // top row of tiles draws D and C, the bottom one reads them back.
+    Layer32bpp& square = addLayer32("square", 4, 4);
+    setPixels(square, {1, 1, 2, 2, 1, 1, 2, 2, 3, 3, 4, 4, 3, 3, 4, 4});
+    make("copyLayerWrapAround32bpp square square constInt 2 constInt 2 constInt 32")->run(0);
+    EXPECT_EQ(pixelsOf(square), (Pixels{4, 4, 3, 3, 4, 4, 3, 3, 3, 3, 4, 4, 3, 3, 4, 4}));
+    // Any amplitude: offsets far beyond the layer land inside one tile.
+    Layer32bpp& tiles = numbered32("tiles", 3, 2, 1);
+    make("copyLayerRandomOffset32bpp tiles tiles 2000000000 -2000000000 1 constInt 32")->run(0);
+    for (std::uint32_t p : pixelsOf(tiles)) EXPECT_TRUE(p >= 1 && p <= 6) << p;
+}
+
 }  // namespace
 }  // namespace vz::test

@@ -50,9 +50,11 @@ TEST_F(CompositeTest, EndDemoInANestedScriptEndsTheShow) {
 
 TEST_F(CompositeTest, BadNestedScriptsAreFatal) {
     auto selfNesting = play("composite inner.txt\n0 100 0 1 0\n", "composite inner.txt\n0 100 0 1 0\n");
-    EXPECT_EQ(errorOf([&] { selfNesting->run(1.0f); }), "Sequencer : inner.txt : scripts nested more than 16 deep");
+    EXPECT_EQ(errorLineOf([&] { selfNesting->run(1.0f); }),
+              "vzplayer: inner.txt: Sequencer : scripts nested more than 16 deep");
     auto missing = play("composite absent.txt\n0 100 0 1 0\n");
-    EXPECT_EQ(errorOf([&] { missing->run(1.0f); }), "TextParser can not open file");
+    EXPECT_EQ(errorLineOf([&] { missing->run(1.0f); }),
+              "vzplayer: main.txt:1: TextParser can not open file (absent.txt: No such file or directory)");
 }
 
 }  // namespace

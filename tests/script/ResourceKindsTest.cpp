@@ -90,7 +90,8 @@ TEST_F(ResourceKindsTest, FileKinds) {
     EXPECT_FLOAT_EQ(declare<KeytrackFloat>("k KeytrackFloat keys.txt").sample(1.0f), 4.0f);
     test::writeBytes("blob.bin", {1, 0, 255, 7});
     EXPECT_EQ(declare<Rawdata>("r Rawdata blob.bin").bytes, (std::vector<std::uint8_t>{1, 0, 255, 7}));
-    EXPECT_EQ(errorOfDeclaring("r2 Rawdata missing.bin"), "Rawdata : can not open missing.bin");
+    EXPECT_EQ(test::errorLineOf([&] { declare("r2 Rawdata missing.bin"); }),
+              "vzplayer: Rawdata : can not open file (missing.bin: No such file or directory)");
     test::writeFile("words.txt", "hello world\n");
     auto& text = declare<Text>("t Text words.txt");
     ASSERT_TRUE(text.parser.nextLine());

@@ -1,3 +1,6 @@
+#include <algorithm>
+
+#include "core/LayerManager.hpp"
 #include "tests/script/TimelineProbes.hpp"
 
 namespace vz::test {
@@ -14,12 +17,13 @@ TEST_F(SequencerTest, EntriesRunInsideTheirSpanWithSpeedAndOffset) {
     EXPECT_EQ(frame(*s, 5.0f), "~a");
 }
 
-TEST_F(SequencerTest, OneShotEntriesAreReleasedInTheirFirstFrame) {
+TEST_F(SequencerTest, OneShotEntriesRunOnceInTheFirstFrameFromTheirBegin) {
     auto s = play("wait 3\nrecord once\n3 -1 0.5 1 0\nwait 4\nrecord early\n9 -1 0 1 0\n");
     EXPECT_EQ(frame(*s, 3.0f), "");  // the wait holds up to and including 3
     EXPECT_EQ(frame(*s, 3.25f), "once@0.75 ~once");
-    EXPECT_EQ(frame(*s, 5.0f), "~early");  // read before its begin: released unrun
-    EXPECT_EQ(frame(*s, 9.0f), "");
+    EXPECT_EQ(frame(*s, 5.0f), "");  // read ahead of its begin: it waits for it
+    EXPECT_EQ(frame(*s, 9.5f), "early@0.5 ~early");
+    EXPECT_EQ(frame(*s, 10.0f), "");
 }
 
 TEST_F(SequencerTest, ActiveEntriesRunByOrderAndTiesKeepScriptOrder) {
@@ -50,11 +54,22 @@ TEST_F(SequencerTest, SharedComponentLivesUntilItsLastEntryEnds) {
     EXPECT_EQ(frame(*s, 4.0f), "~s");
 }
 
-TEST_F(SequencerTest, DestructionReleasesEachPlacedComponentOnceThenTheUnplacedOnes) {
-    auto s = play("record unplaced\nrecord twice\n0 9 0 1 0\n0 9 0 1 0\nrecord once\n0 9 0 1 0\n");
-    frame(*s, 1.0f);
+TEST_F(SequencerTest, UnplacedComponentsGoWhenTheirReadingEndsAndPlacedOnesOnce) {
+    auto s = play("record twice\n0 9 0 1 0\n0 9 0 1 0\nrecord unplaced\nrecord once\n0 9 0 1 0\nrecord last\n");
+    EXPECT_EQ(frame(*s, 1.0f), "~unplaced ~last twice@1 twice@1 once@1");
     s.reset();
-    EXPECT_EQ(journal(), (std::vector<std::string>{"~twice", "~once", "~unplaced"}));
+    EXPECT_EQ(journal(), (std::vector<std::string>{"~twice", "~once"}));
+}
+
+// A component that borrowed a layer and was never placed gives it back at the end of its
+// reading: "sub" then frees the layer's slot for the next declaration.
+TEST_F(SequencerTest, AnUnplacedComponentLetsSubFreeItsLayer) {
+    LayerManager::install(std::make_unique<LayerManager>(0, 2, 64 * 4));  // one usable slot
+    writeFile("main.txt", "add a Layer8bpp size 64 4\ncopyLayer8bpp a a\nwait 1\nsub a\nadd b Layer8bpp size 64 4\n");
+    Sequencer s("main.txt", show);
+    s.run(0.5f);
+    EXPECT_EQ(errorOf([&] { s.run(1.5f); }), "no error");
+    LayerManager::install(nullptr);
 }
 
 // The log's heading per reading call and line per entry are pinned by the sample demo's
@@ -64,15 +79,18 @@ TEST_F(SequencerTest, UnknownKeywordsAndMalformedScriptsAreFatalAndNamed) {
     for (int i = 0; i <= Sequencer::entryCapacity; ++i) tooMany += "5 6 0 1 0\n";
     for (int i = 0; i <= Sequencer::activeCapacity; ++i) crowded += "0 9 0 1 0\n";
     const std::pair<std::string, std::string> cases[] = {
-        {"Tunnel32bpp screen\n", "unknow Component"},
-        {"nullProbe\n", "unknow Component"},
-        {".5 9 0 1 0\n", "unknow Component"},
-        {"record a\n0 9 0 1 0\nwaitFrame\n1 2 0 1 0\n", "Sequencer : main.txt:4 : timeline entry without a component"},
-        {"record a\n0 9 0\n", "Fatal: Parser : there is no tokens lefts in the line"},
-        {tooMany, "Sequencer : main.txt:258 : more than 256 timeline entries"},
-        {crowded, "Sequencer : main.txt : more than 64 timeline entries active at time 1.5"}};
+        {"Tunnel32bpp screen\n", "vzplayer: main.txt:1: unknow Component"},
+        {"nullProbe\n", "vzplayer: main.txt:1: unknow Component"},
+        {".5 9 0 1 0\n", "vzplayer: main.txt:1: unknow Component"},
+        {"record a\n0 9 0 1 0\nwaitFrame\n1 2 0 1 0\n",
+         "vzplayer: main.txt:4: Sequencer : timeline entry without a component"},
+        {"record a\n0 9 0\n", "vzplayer: main.txt:2: Fatal: Parser : there is no tokens lefts in the line"},
+        {"record a\n0 nan 0 1 0\n", "vzplayer: main.txt:2: Sequencer : end nan is not a finite time"},
+        {"wait inf\n", "vzplayer: main.txt:1: Sequencer : wait inf is not a finite time"},
+        {tooMany, "vzplayer: main.txt:258: Sequencer : more than 256 timeline entries"},
+        {crowded, "vzplayer: main.txt: Sequencer : more than 64 timeline entries active at time 1.5"}};
     auto fatalOf = [&](const std::string& script) {
-        return errorOf([&] {
+        return errorLineOf([&] {
             auto s = play(script);
             s->run(1.5f);
             s->run(2.0f);
@@ -83,7 +101,8 @@ TEST_F(SequencerTest, UnknownKeywordsAndMalformedScriptsAreFatalAndNamed) {
     auto lines = stopLogAndReadLines();
     EXPECT_TRUE(containsRun(lines, framed("unknow Component : main.txt::Tunnel32bpp")));
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "unknow Component : main.txt::nullProbe"), 1);
-    EXPECT_EQ(errorOf([&] { Sequencer missing("absent.txt", show); }), "TextParser can not open file");
+    EXPECT_EQ(errorLineOf([&] { Sequencer missing("absent.txt", show); }),
+              "vzplayer: TextParser can not open file (absent.txt: No such file or directory)");
 }
 
 }  // namespace

@@ -26,7 +26,10 @@ TEST(CommandLine, BadUsageSaysWhatIsWrong) {
     const std::pair<std::vector<const char*>, const char*> cases[] = {
         {{"--fps"}, "--fps needs a value"},
         {{"--fps", "fast"}, "--fps needs a number, not 'fast'"},
-        {{"--fps", "0"}, "--fps must be between 0 and 10000"},
+        {{"--fps", "0.5"}, "--fps must be between 1 and 1000"},
+        {{"--fps", "1e-300"}, "--fps must be between 1 and 1000"},
+        {{"--memory-limit", "0"}, "--memory-limit must be between 1 and 1048576 MiB"},
+        {{"--headless", ""}, "the DEMO argument is empty"},
         {{"--shot", "picture.png"}, "--shot takes T=FILE.png, not 'picture.png'"},
         {{"--colour"}, "unknown option --colour"},
         {{"a", "b"}, "only one demo can be played, got 'a' and 'b'"},

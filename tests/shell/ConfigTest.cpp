@@ -13,7 +13,7 @@ namespace {
 // content reads a missing file.
 std::string fatalOf(const char* content) {
     if (content) test::writeFile("config.txt", content);
-    return test::errorOf([] { Config::read("config.txt"); });
+    return test::errorLineOf([] { Config::read("config.txt"); });
 }
 
 TEST(Config, ReadsNumbersSwitchesAndLogsTheResolution) {
@@ -38,17 +38,26 @@ TEST(Config, ReadsNumbersSwitchesAndLogsTheResolution) {
 TEST(Config, MissingFileMissingValuesAndUnshowableSizesAreFatal) {
     test::ScratchDir dir;
     test::startLog();
-    EXPECT_EQ(fatalOf(nullptr), "TextParser can not open file");
+    EXPECT_EQ(fatalOf(nullptr), "vzplayer: TextParser can not open file (config.txt: No such file or directory)");
     auto lines = test::stopLogAndReadLines();
     ASSERT_EQ(lines.size(), 8u);
     EXPECT_EQ(lines[3], "Fatal: Parser : open failure of config.txt");
     const std::pair<const char*, const char*> cases[] = {
-        {"640\n480\n400\n40\n32\n", "Fatal: Parser : there is no tokens lefts in the line"},
-        {"640\n480\n400\n40\n32\n2\nARCHIVE\n", "Fatal: Parser : there is no tokens lefts in the line"},
-        {"0\n480\n400\n40\n32\n2\n", "config.txt : invalid hardware resolution 0 * 480"},
+        {"640\n480\n400\n40\n32\n", "vzplayer: config.txt:6: Fatal: Parser : there is no tokens lefts in the line"},
+        {"640\n480\n400\n40\n32\n2\nARCHIVE\n",
+         "vzplayer: config.txt:7: Fatal: Parser : there is no tokens lefts in the line"},
+        {"0\n480\n400\n40\n32\n2\n", "vzplayer: config.txt:1: invalid hardware resolution 0 * 480"},
         {"640\n480\n400\n100\n32\n2\n",
-         "config.txt : the window band (height 400 at row 100) does not fit in the hardware height 480"},
-        {"640\n480\n400\n40\n-1\n2\n", "config.txt : slot counts out of range (-1, 2)"},
+         "vzplayer: config.txt:4: the window band (height 400 at row 100) does not fit in the hardware height 480"},
+        // The band's end is summed in 64 bits: 2147483600 + 400 does not wrap below 480.
+        {"640\n480\n400\n2147483600\n32\n2\n",
+         "vzplayer: config.txt:4: the window band (height 400 at row 2147483600) does not fit in the hardware height "
+         "480"},
+        {"640\n480\n400\n40\n-1\n2\n", "vzplayer: config.txt:5: slot counts out of range (-1, 2)"},
+        {"8192\n# pools\n8192\n8192\n0\n32\n100\n",
+         "vzplayer: config.txt:7: the memory of the slot pools needs 6402.1 MiB, beyond the memory budget of 4096 MiB "
+         "(0 MiB in "
+         "use; see --memory-limit)"},
         {"640\n480\n480\n0\n32\n2\n", "no error"},  // the band is the whole display
     };
     for (const auto& [content, message] : cases) EXPECT_EQ(fatalOf(content), message) << content;

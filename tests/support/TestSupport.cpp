@@ -61,6 +61,15 @@ std::string errorOf(const std::function<void()>& action) {
     return "no error";
 }
 
+std::string errorLineOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const error& e) {
+        return errorLine(e);
+    }
+    return "no error";
+}
+
 std::vector<std::string> framed(const std::string& message) { return {dashLine, message, dashLine}; }
 
 void startLog() {

@@ -28,6 +28,9 @@ std::vector<std::string> readLines(const std::filesystem::path& path);
 
 // The message of the vz::error that `action` raises, or "no error" when it raises none.
 std::string errorOf(const std::function<void()>& action);
+// The line standard error shows for the vz::error that `action` raises: "vzplayer: ",
+// where it was found, the message and its detail; "no error" when it raises none.
+std::string errorLineOf(const std::function<void()>& action);
 
 // The three lines that frame a message in the log before a fatal error.
 std::vector<std::string> framed(const std::string& message);
