@@ -24,7 +24,7 @@
 #include <vector>
 
 #include "shell/sound/SoundSystem.hpp"
-#include "tests/shell/ModWriter.hpp"
+#include "tests/shell/TestSong.hpp"
 
 namespace {
 

@@ -10,7 +10,10 @@
 #include "assets/decoders/GifDecoder.hpp"
 #include "assets/decoders/JpegDecoder.hpp"
 #include "assets/decoders/PcxDecoder.hpp"
-#include "tests/assets/PictureWriters.hpp"
+#include "tools/writers/BmpWriter.hpp"
+#include "tools/writers/GifWriter.hpp"
+#include "tools/writers/JpegWriter.hpp"
+#include "tools/writers/PcxWriter.hpp"
 
 #ifdef VZ_HAVE_GIFLIB
 #include <gif_lib.h>
@@ -18,8 +21,7 @@
 
 namespace {
 
-using vz::test::Bytes;
-using vz::test::Rgb;
+using Bytes = std::vector<std::uint8_t>;
 
 constexpr int side = 1024;
 constexpr std::int64_t pixelCount = std::int64_t{side} * side;
@@ -42,17 +44,28 @@ const Bytes& pictureIndices() {
     return indices;
 }
 
-std::array<Rgb, 256> palette() {
-    std::array<Rgb, 256> p{};
+// The picture's colours as 0x00RRGGBB.
+std::vector<std::uint32_t> palette() {
+    std::vector<std::uint32_t> p(256);
     for (std::uint32_t i = 0; i < 256; ++i) p[i] = i << 16 | (i * 3 & 255) << 8 | (255 - i);
     return p;
 }
 
+const vz::writers::IndexedPicture& picture() {
+    static const vz::writers::IndexedPicture indexed(side, side, pictureIndices(), palette());
+    return indexed;
+}
+
+// The picture through its palette, for the formats that store colours.
+vz::writers::RgbPicture colourPicture() {
+    const std::vector<std::uint32_t> colours = palette();
+    std::vector<std::uint32_t> pixels;
+    for (auto i : pictureIndices()) pixels.push_back(colours[i]);
+    return {side, side, pixels};
+}
+
 const Bytes& gifFile() {
-    static const Bytes file = [] {
-        auto p = palette();
-        return vz::test::makeGif(side, side, pictureIndices(), std::vector<Rgb>(p.begin(), p.end()));
-    }();
+    static const Bytes file = vz::writers::encodeGif(picture());
     return file;
 }
 
@@ -125,7 +138,7 @@ BENCHMARK(BM_GifDecodeGiflib);
 #endif
 
 void BM_PcxDecode(benchmark::State& state) {
-    static const Bytes file = vz::test::makePcx(side, side, pictureIndices(), palette());
+    static const Bytes file = vz::writers::encodePcx(picture());
     for (auto _ : state) {
         vz::IndexedPicture picture;
         if (vz::decodePcx(file, picture) != vz::DecodeStatus::ok) state.SkipWithError("decode failed");
@@ -137,15 +150,8 @@ BENCHMARK(BM_PcxDecode);
 
 void BM_BmpDecode(benchmark::State& state) {
     const int bits = static_cast<int>(state.range(0));
-    static const auto p = palette();
-    Bytes file;
-    if (bits == 24) {
-        std::vector<Rgb> pixels;
-        for (auto i : pictureIndices()) pixels.push_back(p[i]);
-        file = vz::test::makeBmp24(side, side, pixels);
-    } else {
-        file = vz::test::makeBmpIndexed(8, side, side, pictureIndices(), std::vector<Rgb>(p.begin(), p.end()));
-    }
+    const Bytes file =
+        bits == 24 ? vz::writers::encodeBmp24(colourPicture()) : vz::writers::encodeBmpIndexed(picture(), 8);
     for (auto _ : state) {
         vz::BmpPicture picture;
         if (vz::decodeBmp(file, picture) != vz::DecodeStatus::ok) state.SkipWithError("decode failed");
@@ -156,15 +162,7 @@ void BM_BmpDecode(benchmark::State& state) {
 BENCHMARK(BM_BmpDecode)->Arg(8)->Arg(24);
 
 void BM_JpegDecode(benchmark::State& state) {
-    static const Bytes file = [] {
-        auto p = palette();
-        Bytes rgb;
-        rgb.reserve(static_cast<std::size_t>(pixelCount) * 3);
-        for (auto i : pictureIndices())
-            rgb.insert(rgb.end(), {static_cast<std::uint8_t>(p[i] >> 16), static_cast<std::uint8_t>(p[i] >> 8),
-                                   static_cast<std::uint8_t>(p[i])});
-        return vz::test::makeJpeg(side, side, 3, rgb);
-    }();
+    static const Bytes file = vz::writers::encodeJpeg(colourPicture(), 100, vz::writers::JpegColour::fullChroma);
     for (auto _ : state) {
         vz::JpegPicture picture;
         if (vz::decodeJpeg(file, picture) != vz::JpegResult::ok) state.SkipWithError("decode failed");

@@ -1,11 +1,13 @@
 // Keeping the depth buffer of the 3D renderers fresh, and fog drawn from it.
 #include "core/Palette.hpp"
 #include "core/Zbuffer.hpp"
-#include "effects/rendu/BlendOperators.hpp"
+#include "effects/layers/DepthFog.hpp"
 #include "script/Component.hpp"
 #include "script/ComponentContext.hpp"
 
 namespace vz {
+
+namespace {
 
 // Advances the frame stamp: the buffer is only cleared when the stamp wraps, once every
 // 128 runs.
@@ -19,8 +21,6 @@ private:
     Zbuffer& zbuffer_;
 };
 
-// Pixels whose depth word has none of bits 16-23 set are blended toward the fog colour:
-// k = bits 11-15 of the depth, level 32 - k with the fog as source (k = 0 is pure fog).
 // The second layer parameter is read and kept for the script's sake; the run does not
 // use it. Screen pixels beyond the z-buffer's own are left as they are.
 class FogZbuffer32bpp : public Component {
@@ -32,17 +32,7 @@ public:
           fog_(in.symbol<Color>()) {}
 
     void run(float) override {
-        std::uint32_t* pixel = screen_.pixels;
-        const std::uint32_t* depth = zbuffer_.pixels;
-        const std::uint32_t fog = fog_.value;
-        // The level changes from pixel to pixel with the depth, so the operator is looked
-        // up per pixel here; levels 1-32 are always inside the table.
-        for (std::size_t i = 0, n = sharedCount(screen_, zbuffer_); i < n; ++i) {
-            const std::uint32_t z = depth[i];
-            if (z & 0x00FF0000u) continue;
-            const int k = static_cast<int>(z >> 11 & 31u);
-            pixel[i] = operatorTable[32 - k](fog, pixel[i]);
-        }
+        fogFromDepth(screen_.pixels, zbuffer_.pixels, sharedCount(screen_, zbuffer_), fog_.value);
     }
 
 private:
@@ -51,6 +41,8 @@ private:
     Zbuffer& zbuffer_;
     Color& fog_;
 };
+
+}  // namespace
 
 VZ_COMPONENT("updateZbuffer", UpdateZbuffer)
 VZ_COMPONENT("fogZbuffer32bpp", FogZbuffer32bpp)

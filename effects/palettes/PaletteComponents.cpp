@@ -1,8 +1,6 @@
 // Components that change a palette (or one colour) every frame.
-#include <array>
-
 #include "core/Palette.hpp"
-#include "effects/palettes/ColourMix.hpp"
+#include "effects/palettes/PaletteChanges.hpp"
 #include "script/Component.hpp"
 #include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
@@ -10,15 +8,6 @@
 namespace vz {
 
 namespace {
-
-// Channel = truncate(background + (foreground - background) x f), f from the float track
-// and not limited to 0..1; a channel pushed past 0-255 wraps to its low byte. The alpha
-// byte of the result is the background's.
-std::uint32_t blendWithAlphaOfFrom(std::uint32_t from, std::uint32_t to, float factor) {
-    return (from & 0xFF000000u) | mixColourTruncated(from, to, factor);
-}
-
-}  // namespace
 
 class BlendColor : public Component {
 public:
@@ -29,7 +18,7 @@ public:
           factor_(in.symbol<KeytrackFloat>()) {}
 
     void run(float localTime) override {
-        target_.value = blendWithAlphaOfFrom(background_.value, foreground_.value, factor_.sample(localTime));
+        target_.value = blendKeepingAlpha(background_.value, foreground_.value, factor_.sample(localTime));
     }
 
 private:
@@ -47,11 +36,7 @@ public:
           foreground_(in.symbol<Palette>()),
           factor_(in.symbol<KeytrackFloat>()) {}
 
-    void run(float localTime) override {
-        const float factor = factor_.sample(localTime);
-        for (int i = 0; i < 256; ++i)
-            target_.colors[i] = blendWithAlphaOfFrom(background_.colors[i], foreground_.colors[i], factor);
-    }
+    void run(float localTime) override { blendPalettes(target_, background_, foreground_, factor_.sample(localTime)); }
 
 private:
     Palette& target_;
@@ -60,21 +45,12 @@ private:
     KeytrackFloat& factor_;
 };
 
-// k = track value AND 255: target entries 0..k-1 take source entries k..2k-1, entries
-// k..255 take source entries 0..255-k. For k above 128 the first block would run past
-// source entry 255; it wraps to the start of the source instead. The source is read
-// from a copy, so a palette rotated into itself gives the same result.
 class RotatePalette : public Component {
 public:
     RotatePalette(ComponentContext& in)
         : target_(in.symbol<Palette>()), source_(in.symbol<Palette>()), shift_(in.symbol<KeytrackInt>()) {}
 
-    void run(float localTime) override {
-        const int k = shift_.sample(localTime) & 255;
-        const std::array<std::uint32_t, 256> source = source_.colors;
-        for (int i = 0; i < k; ++i) target_.colors[i] = source[(k + i) & 255];
-        for (int i = k; i < 256; ++i) target_.colors[i] = source[i - k];
-    }
+    void run(float localTime) override { rotatePalette(target_, source_, shift_.sample(localTime)); }
 
 private:
     Palette& target_;
@@ -102,6 +78,8 @@ public:
 private:
     Palette& target_;
 };
+
+}  // namespace
 
 VZ_COMPONENT("blendColor", BlendColor)
 VZ_COMPONENT("blendPalette", BlendPalette)

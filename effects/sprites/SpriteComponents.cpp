@@ -1,11 +1,13 @@
 // The sprites that follow a sprite track: plain with a rendu track, through an alpha
-// map, through their own alpha byte, and 8-bit through a palette.
+// map, through their own alpha byte, and 8-bit through a palette; and the sprite that
+// turns.
 #include <string>
 
 #include "core/Layer.hpp"
 #include "core/Palette.hpp"
 #include "core/error.hpp"
 #include "effects/sprites/KeyframedSprite.hpp"
+#include "effects/sprites/SpriteRotation.hpp"
 #include "script/Component.hpp"
 #include "script/ComponentContext.hpp"
 #include "script/Keytrack.hpp"
@@ -13,14 +15,6 @@
 namespace vz {
 
 namespace {
-
-// Alpha 0 keeps the target, 32 and above copy the source, 1-31 blend by that level.
-inline void alphaPixel(std::uint32_t alpha, std::uint32_t s, std::uint32_t& d) {
-    if (alpha == 0) return;
-    d = alpha >= 32 ? s : alphaMapTable[alpha](s, d);
-}
-
-}  // namespace
 
 class SpriteKeytrack32bpp : public Component {
 public:
@@ -44,7 +38,7 @@ private:
     KeyframedSprite sprite_;
 };
 
-// The alpha map gives each picture pixel its opacity (0-32); black is not special.
+// The alpha map gives each picture pixel its opacity (0-32).
 class SpriteAlphamapKeytrack32bpp : public Component {
 public:
     SpriteAlphamapKeytrack32bpp(ComponentContext& in)
@@ -58,12 +52,8 @@ public:
                     ", the picture " + std::to_string(picture_.width) + "x" + std::to_string(picture_.height));
     }
     void run(float t) override {
-        const auto run = sprite_.frame(track_, t, target_);
-        if (!run) return;
-        const std::uint32_t* pixels = picture_.pixels;
-        const std::uint8_t* alpha = alpha_.pixels;
-        walkSprite(target_, *run, picture_.width,
-                   [=](std::uint32_t& d, std::size_t i) { alphaPixel(alpha[i], pixels[i], d); });
+        if (const auto run = sprite_.frame(track_, t, target_))
+            drawSpriteAlphaMap(target_, *run, picture_.pixels, alpha_.pixels, picture_.width);
     }
 
 private:
@@ -74,7 +64,6 @@ private:
     KeyframedSprite sprite_;
 };
 
-// Each pixel's alpha byte (bits 24-31) is its opacity, as in the alpha-map sprite.
 class SpriteAlphachanelKeytrack32bpp : public Component {
 public:
     SpriteAlphachanelKeytrack32bpp(ComponentContext& in)
@@ -83,13 +72,8 @@ public:
           track_(in.symbol<KeytrackSprite>()),
           sprite_(picture_.width, picture_.height) {}
     void run(float t) override {
-        const auto run = sprite_.frame(track_, t, target_);
-        if (!run) return;
-        const std::uint32_t* pixels = picture_.pixels;
-        walkSprite(target_, *run, picture_.width, [=](std::uint32_t& d, std::size_t i) {
-            const std::uint32_t s = pixels[i];
-            alphaPixel(s >> 24, s, d);
-        });
+        if (const auto run = sprite_.frame(track_, t, target_))
+            drawSpriteOwnAlpha(target_, *run, picture_.pixels, picture_.width);
     }
 
 private:
@@ -99,7 +83,6 @@ private:
     KeyframedSprite sprite_;
 };
 
-// An 8-bit picture through its palette; an index whose colour is black is transparent.
 class SpriteBitmapKeytrack32bpp : public Component {
 public:
     SpriteBitmapKeytrack32bpp(ComponentContext& in)
@@ -109,13 +92,8 @@ public:
           track_(in.symbol<KeytrackSprite>()),
           sprite_(picture_.width, picture_.height) {}
     void run(float t) override {
-        const auto run = sprite_.frame(track_, t, target_);
-        if (!run) return;
-        const std::uint8_t* indices = picture_.pixels;
-        const std::uint32_t* colours = palette_.colors.data();
-        walkSprite(target_, *run, picture_.width, [=](std::uint32_t& d, std::size_t i) {
-            if (const std::uint32_t s = colours[indices[i]]) d = s;
-        });
+        if (const auto run = sprite_.frame(track_, t, target_))
+            drawSpritePalette(target_, *run, picture_.pixels, palette_.colors.data(), picture_.width);
     }
 
 private:
@@ -126,9 +104,47 @@ private:
     KeyframedSprite sprite_;
 };
 
+// The turning sprite: its centre (x, y) and depth z follow a Vector3 track, its zoom and
+// angle follow float tracks, and its pixels go through a rendu track. The drawn scale is
+// zoom / (1 + z): depth 0 is the screen plane, each unit of depth further away shrinks
+// it, and a depth of -1 or less (at or behind the eye) draws nothing.
+class SpriteRotKeytrack32bpp : public Component {
+public:
+    SpriteRotKeytrack32bpp(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          picture_(in.symbol<Layer32bpp>()),
+          position_(in.symbol<KeytrackVector3>()),
+          zoom_(in.symbol<KeytrackFloat>()),
+          rotation_(in.symbol<KeytrackFloat>()),
+          rendu_(in.symbol<KeytrackInt>()) {}
+
+    void run(float t) override {
+        const Vector3 at = position_.sample(t);
+        const float depth = 1.0f + at.z;
+        if (!(depth > 0.0f)) return;
+        const float scale = zoom_.sample(t) / depth;
+        if (!(scale > 0.0f)) return;
+        RotatedSprite r = rotateSprite(picture_.width, picture_.height, scale, rotation_.sample(t));
+        placeSprite(r.box, target_, at.x, at.y);
+        if (const auto run = clipSprite(r.box, target_))
+            drawRotatedSprite(target_, picture_, r, *run, rendu_.sample(t));
+    }
+
+private:
+    Layer32bpp& target_;
+    const Layer32bpp& picture_;
+    KeytrackVector3& position_;
+    KeytrackFloat& zoom_;
+    KeytrackFloat& rotation_;
+    KeytrackInt& rendu_;
+};
+
+}  // namespace
+
 VZ_COMPONENT("spriteKeytrack32bpp", SpriteKeytrack32bpp)
 VZ_COMPONENT("spriteAlphamapKeytrack32bpp", SpriteAlphamapKeytrack32bpp)
 VZ_COMPONENT("spriteAlphachanelKeytrack32bpp", SpriteAlphachanelKeytrack32bpp)
 VZ_COMPONENT("spriteBitmapKeytrack32bpp", SpriteBitmapKeytrack32bpp)
+VZ_COMPONENT("spriteRotKeytrack32bpp", SpriteRotKeytrack32bpp)
 
 }  // namespace vz

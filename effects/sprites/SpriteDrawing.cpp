@@ -32,6 +32,12 @@ std::int64_t runInside(std::uint64_t start, std::uint32_t step, int size) {
     return static_cast<std::int64_t>((end - 1 - start) / step) + 1;
 }
 
+// Opacity 0 keeps the target, 32 and above copy the source, 1-31 blend by that level.
+inline void alphaPixel(std::uint32_t alpha, std::uint32_t s, std::uint32_t& d) {
+    if (alpha == 0) return;
+    d = alpha >= 32 ? s : alphaMapTable[alpha](s, d);
+}
+
 }  // namespace
 
 void placeSprite(Sprite& sprite, const Layer& target, float x, float y) {
@@ -81,6 +87,25 @@ void drawSprite(Layer32bpp& target, const SpriteRun& run, const std::uint32_t* p
         walkSprite(target, run, stride, [pixels](std::uint32_t& d, std::size_t i) {
             if (const std::uint32_t s = pixels[i]) d = blend::op<decltype(r)::value>(s, d);
         });
+    });
+}
+
+void drawSpriteAlphaMap(Layer32bpp& target, const SpriteRun& run, const std::uint32_t* pixels,
+                        const std::uint8_t* alpha, int stride) {
+    walkSprite(target, run, stride, [=](std::uint32_t& d, std::size_t i) { alphaPixel(alpha[i], pixels[i], d); });
+}
+
+void drawSpriteOwnAlpha(Layer32bpp& target, const SpriteRun& run, const std::uint32_t* pixels, int stride) {
+    walkSprite(target, run, stride, [=](std::uint32_t& d, std::size_t i) {
+        const std::uint32_t s = pixels[i];
+        alphaPixel(s >> 24, s, d);
+    });
+}
+
+void drawSpritePalette(Layer32bpp& target, const SpriteRun& run, const std::uint8_t* indices,
+                       const std::uint32_t* colours, int stride) {
+    walkSprite(target, run, stride, [=](std::uint32_t& d, std::size_t i) {
+        if (const std::uint32_t s = colours[indices[i]]) d = s;
     });
 }
 

@@ -76,6 +76,18 @@ inline void walkSprite(Layer32bpp& target, const SpriteRun& run, int stride, Pix
 // goes through the rendu operator (chosen once for the whole sprite).
 void drawSprite(Layer32bpp& target, const SpriteRun& run, const std::uint32_t* pixels, int stride, int rendu);
 
+// Each picture pixel with an opacity: 0 keeps the target, 32 and above copy the source,
+// 1-31 blend by that level. Black is not special. The alpha map's bytes lie at the
+// picture's own indices (the same stride).
+void drawSpriteAlphaMap(Layer32bpp& target, const SpriteRun& run, const std::uint32_t* pixels,
+                        const std::uint8_t* alpha, int stride);
+// The same with each pixel's own alpha byte (bits 24-31) as its opacity.
+void drawSpriteOwnAlpha(Layer32bpp& target, const SpriteRun& run, const std::uint32_t* pixels, int stride);
+// An 8-bit picture through its palette's colours; an index whose colour is black is
+// transparent.
+void drawSpritePalette(Layer32bpp& target, const SpriteRun& run, const std::uint8_t* indices,
+                       const std::uint32_t* colours, int stride);
+
 // Places, clips and draws a plain sprite in one go.
 void drawSpriteAt(Layer32bpp& target, Sprite& sprite, float x, float y, const std::uint32_t* pixels, int stride,
                   int rendu);

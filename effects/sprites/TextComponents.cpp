@@ -32,8 +32,6 @@ void follow(TextStyle& style, KeytrackSprite& track, float t) {
     style.scaleY = key.scaleY;
 }
 
-}  // namespace
-
 class PutStringKeytrack32bpp : public Component {
 public:
     PutStringKeytrack32bpp(ComponentContext& in)
@@ -144,6 +142,8 @@ private:
     std::string text_;
     TextStyle style_;
 };
+
+}  // namespace
 
 VZ_COMPONENT("PutStringKeytrack32bpp", PutStringKeytrack32bpp)
 VZ_COMPONENT("PutStringCool32bpp", PutStringCool32bpp)

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "effects/palettes/Lut.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 
 namespace vz {
@@ -35,15 +36,14 @@ template void mapTunnel(std::uint8_t*, const std::uint32_t*, const std::uint8_t*
 void mapTunnelLit(std::uint32_t* dst, const std::uint32_t* table, const std::uint8_t* texture,
                   const std::uint8_t* light, const std::uint32_t* lut, std::size_t n, std::uint32_t offset) {
 #pragma GCC unroll 8
-    for (std::size_t i = 0; i < n; ++i)
-        dst[i] = lut[(std::uint32_t{light[i]} << 8) | texture[texelAddress(table[i], offset)]];
+    for (std::size_t i = 0; i < n; ++i) dst[i] = litColour(lut, light[i], texture[texelAddress(table[i], offset)]);
 }
 
 void mapTunnelLit16(std::uint32_t* dst, const std::uint32_t* table, const std::uint8_t* texture,
                     const std::uint16_t* light, const std::uint32_t* lut, std::size_t n, std::uint32_t offset) {
     for (std::size_t i = 0; i < n; ++i) {
         const std::uint32_t l = light[i];
-        dst[i] = l > 255 ? lut[65535] : lut[(l << 8) | texture[texelAddress(table[i], offset)]];
+        dst[i] = l > 255 ? lut[lutEntries - 1] : litColour(lut, l, texture[texelAddress(table[i], offset)]);
     }
 }
 

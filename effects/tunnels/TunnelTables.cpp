@@ -23,6 +23,11 @@ void generateTunnelTable(TableView table, float cx, float cy, float turns, float
     }
 }
 
+void generateCentredTunnel(TableView table, float turns, float depth) {
+    generateTunnelTable(table, static_cast<float>(table.width >> 1), static_cast<float>(table.height >> 1), turns,
+                        depth, 4.0f);
+}
+
 namespace {
 
 // Calls rowFn(dstRow, srcRow) for every row of dst's rectangle.

@@ -23,6 +23,14 @@ struct ConstTableView {
 //   v = floor(depth / (sqrt(dx^2 + dy^2) + radiusOffset)) AND 255,  entry = v * 256 + u.
 void generateTunnelTable(TableView table, float cx, float cy, float turns, float depth, float radiusOffset);
 
+// The depth the computed tunnels take per pixel of the target's width, so that any
+// resolution shows the same picture.
+constexpr float depthPerWidth = 16.0f;
+
+// The tunnel the effects compute for themselves: centred on the table's middle entry
+// (width >> 1, height >> 1), radius offset 4.
+void generateCentredTunnel(TableView table, float turns, float depth);
+
 // Row by row over dst's rectangle, reading `src` with its own stride. The 16-bit sums
 // keep each destination entry's upper 16 bits (the copy takes the source's).
 //   copy:       dst = src with its low 16 bits + offset (mod 65,536)

@@ -5,19 +5,12 @@
 #include "support/TestSupport.hpp"
 #include "support/ZipWriter.hpp"
 
-namespace vz {
+namespace vz::test {
 namespace {
-
-using test::ScratchDir;
-
-// Every archive test leaves the process in disk mode, whatever happens.
-struct ArchiveModeGuard {
-    ~ArchiveModeGuard() { File::resetToDisk(); }
-};
 
 TEST(FileOnDisk, ReadSeekEndAndLines) {
     ScratchDir dir;
-    test::writeFile("data.bin", "0123456789");
+    writeFile("data.bin", "0123456789");
     File file;
     ASSERT_TRUE(file.open("data.bin"));
     EXPECT_EQ(file.size(), 10);
@@ -35,7 +28,7 @@ TEST(FileOnDisk, ReadSeekEndAndLines) {
     EXPECT_FALSE(File().open("missing.bin"));
 
     // Long lines are split at 255 characters; carriage returns are kept.
-    test::writeFile("lines.txt", std::string(300, 'x') + "\nab\r\nlast");
+    writeFile("lines.txt", std::string(300, 'x') + "\nab\r\nlast");
     File lines;
     ASSERT_TRUE(lines.open("lines.txt"));
     char line[256];
@@ -47,12 +40,11 @@ TEST(FileOnDisk, ReadSeekEndAndLines) {
 
 TEST(FileInArchive, MembersAreFoundWhateverTheirCase) {
     ScratchDir dir;
-    ArchiveModeGuard guard;
     std::string big;
     for (int i = 0; i < 10000; ++i) big += static_cast<char>('a' + i % 26);
-    test::writeZip("demo.zip", {{"Main.TXT", "wait 1\n"}, {"pics/Big.bin", big}});
-    test::writeFile("disk-only.txt", "not in the archive\n");
-    File::switchToArchive("demo.zip");
+    writeZip("demo.zip", {{"Main.TXT", "wait 1\n"}, {"pics/Big.bin", big}});
+    writeFile("disk-only.txt", "not in the archive\n");
+    ArchiveMode archive("demo.zip");
 
     File file;
     ASSERT_TRUE(file.open("main.txt"));
@@ -82,9 +74,8 @@ TEST(FileInArchive, MembersAreFoundWhateverTheirCase) {
 
 TEST(FileInArchive, SlotsAreBoundedAt32AndAMissingArchiveOpensNothing) {
     ScratchDir dir;
-    ArchiveModeGuard guard;
-    test::writeZip("demo.zip", {{"a.txt", "a"}});
-    File::switchToArchive("demo.zip");
+    writeZip("demo.zip", {{"a.txt", "a"}});
+    ArchiveMode archive("demo.zip");
     std::vector<std::unique_ptr<File>> open;
     for (int i = 0; i < File::slotCount; ++i) {
         open.push_back(std::make_unique<File>());
@@ -104,4 +95,4 @@ TEST(FileInArchive, SlotsAreBoundedAt32AndAMissingArchiveOpensNothing) {
 }
 
 }  // namespace
-}  // namespace vz
+}  // namespace vz::test

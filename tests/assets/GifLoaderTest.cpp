@@ -1,7 +1,4 @@
-#include <gtest/gtest.h>
-
 #include "LoaderChecks.hpp"
-#include "PictureWriters.hpp"
 
 namespace vz::test {
 namespace {
@@ -15,9 +12,9 @@ Bytes noisyIndices(int count, unsigned colours, unsigned seed) {
     return indices;
 }
 
-std::vector<Rgb> greyTable(int entries) {
-    std::vector<Rgb> table;
-    for (int i = 0; i < entries; ++i) table.push_back(static_cast<Rgb>(i) * 0x010101u);
+Pixels greyTable(int entries) {
+    Pixels table;
+    for (int i = 0; i < entries; ++i) table.push_back(static_cast<std::uint32_t>(i) * 0x010101u);
     return table;
 }
 
@@ -31,35 +28,36 @@ Bytes load8(const std::string& fileName) {
 TEST(GifLoader, DecodesWhatTheEncoderWrote) {
     ScratchDir dir;
     const Bytes wide = noisyIndices(300 * 200, 256, 1);
-    writeBytes("wide.gif", makeGif(300, 200, wide, greyTable(256)));
+    writeBytes("wide.gif",
+               writers::encodeGif({300, 200, wide, greyTable(256)}, {.controlExtension = true, .lateClear = true}));
     EXPECT_EQ(load8("wide.gif"), wide);
     EXPECT_EQ(ImageLoader::LoadLayer32bpp("wide.gif")->pixels[299 * 200 + 17], wide[299 * 200 + 17] * 0x010101u);
 
     const Bytes few = noisyIndices(64 * 64, 4, 2);
-    writeBytes("few.gif", makeGif(64, 64, few, greyTable(4), {.minimumCodeSize = 2}));
+    writeBytes("few.gif", writers::encodeGif({64, 64, few, greyTable(4)}, {.minimumCodeSize = 2}));
     EXPECT_EQ(load8("few.gif"), few);
 
     // Interlaced rows stay in the order decoded.
     const Bytes passOrder = {0, 4, 2, 6, 1, 3, 5, 7};
-    writeBytes("lace.gif", makeGif(1, 8, passOrder, greyTable(8), {.interlaced = true}));
+    writeBytes("lace.gif", writers::encodeGif({1, 8, passOrder, greyTable(8)}, {.interlaced = true}));
     EXPECT_EQ(load8("lace.gif"), passOrder);
 }
 
 TEST(GifLoader, LayerHasTheScreenSizeAndTheImageIsWrittenRowAfterRow) {
     ScratchDir dir;
-    writeBytes("small.gif", makeGif(2, 2, {1, 2, 3, 4}, greyTable(8), {.screenWidth = 4, .screenHeight = 3}));
+    writeBytes("small.gif", writers::encodeGif({2, 2, {1, 2, 3, 4}}, {.screenWidth = 4, .screenHeight = 3}));
     EXPECT_EQ(load8("small.gif"), (Bytes{1, 2, 3, 4, 0, 0, 0, 0, 0, 0, 0, 0}));
     writeBytes("big.gif",
-               makeGif(3, 3, {1, 2, 3, 4, 5, 6, 7, 1, 2}, greyTable(8), {.screenWidth = 2, .screenHeight = 2}));
+               writers::encodeGif({3, 3, {1, 2, 3, 4, 5, 6, 7, 1, 2}}, {.screenWidth = 2, .screenHeight = 2}));
     EXPECT_EQ(load8("big.gif"), (Bytes{1, 2, 3, 4}));
     // The code stream ends after three of the four pixels: the last one is 0.
-    writeBytes("short.gif", makeGif(2, 2, {5, 6, 7}, greyTable(8)));
+    writeBytes("short.gif", writers::encodeGif({2, 2, {5, 6, 7}}));
     EXPECT_EQ(load8("short.gif"), (Bytes{5, 6, 7, 0}));
 }
 
 TEST(GifLoader, SixteenColourTableIsReadAs256Entries) {
     ScratchDir dir;
-    Bytes file = makeGif(2, 1, {1, 2}, greyTable(16), {.globalTableEntries = 16});
+    Bytes file = writers::encodeGif({2, 1, {1, 2}, greyTable(16)}, {.tableEntries = 16});
     writeBytes("cut16.gif", file);
     // Too short to hold 256 entries: the table read runs into the end of the file.
     EXPECT_EQ(failureLog(asLayer8, "cut16.gif", "loadGif error : data ends early in cut16.gif"),
@@ -80,7 +78,7 @@ TEST(GifLoader, SixteenColourTableIsReadAs256Entries) {
 
 TEST(GifLoader, BadFilesGiveTheStepAndTheFile) {
     ScratchDir dir;
-    const Bytes good = makeGif(4, 4, noisyIndices(16, 8, 3), greyTable(8));
+    const Bytes good = writers::encodeGif({4, 4, noisyIndices(16, 8, 3), greyTable(8)});
     const Bytes start(good.begin(), good.begin() + 13 + 768);  // signature, screen, table
     auto withImage = [&](Bytes tail) {
         Bytes file = start;

@@ -1,19 +1,12 @@
-#include <gtest/gtest.h>
-
+// Which entry point serves which name. Pictures read from an archive are played by the
+// sample demo test's zip run.
 #include "LoaderChecks.hpp"
-#include "PictureWriters.hpp"
-#include "assets/File.hpp"
-#include "support/ZipWriter.hpp"
 
 namespace vz::test {
 namespace {
 
-const Bytes indices = {1, 2, 3, 4};
-
 std::string greyPcx() {
-    std::array<Rgb, 256> palette{};
-    for (std::uint32_t i = 0; i < 256; ++i) palette[i] = i * 0x010101u;
-    const Bytes file = makePcx(2, 2, indices, palette);
+    const Bytes file = writers::encodePcx({2, 2, {1, 2, 3, 4}, {0, 0x010101, 0x020202, 0x030303, 0x040404}});
     return std::string(file.begin(), file.end());
 }
 
@@ -42,21 +35,6 @@ TEST(ImageLoader, NamesAnEntryPointDoesNotServe) {
             expectRefusals({{entry.load, name, entry.message, (entry.log.empty() ? entry.message : entry.log) + " :"}});
         }
     }
-}
-
-struct DiskModeAtExit {
-    ~DiskModeAtExit() { File::resetToDisk(); }
-};
-
-TEST(ImageLoader, PicturesComeFromTheArchive) {
-    ScratchDir dir;
-    writeZip("demo.zip", {{"Data/Logo.pcx", greyPcx()}});
-    writeFile("disk.pcx", greyPcx());
-    DiskModeAtExit restore;
-    File::switchToArchive("demo.zip");
-    auto logo = ImageLoader::LoadLayer8bpp("data/logo.pcx");
-    EXPECT_EQ(Bytes(logo->pixels, logo->pixels + 4), indices);
-    expectRefusals({{asLayer32, "disk.pcx", "loadPcx error", "loadPcx error, the file was : "}});
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #pragma once
-// Checks shared by the picture loader tests: failures with their exact log lines and
-// exception texts, and pixel comparisons with a tolerance for lossy formats.
+// Shared by the picture loader tests: the writers of their pictures, and failures with
+// their exact log lines and exception texts.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -11,10 +11,16 @@
 #include "core/Layer.hpp"
 #include "core/Palette.hpp"
 #include "core/error.hpp"
-#include "core/logstream.hpp"
 #include "support/TestSupport.hpp"
+#include "tools/writers/BmpWriter.hpp"
+#include "tools/writers/GifWriter.hpp"
+#include "tools/writers/JpegWriter.hpp"
+#include "tools/writers/PcxWriter.hpp"
 
 namespace vz::test {
+
+using Bytes = std::vector<std::uint8_t>;
+using Pixels = std::vector<std::uint32_t>;  // 0x00RRGGBB
 
 // The loader's entry points with their results dropped, so tables of cases can name them.
 using EntryPoint = void (*)(const std::string&);
@@ -27,12 +33,7 @@ inline void asLayerRle(const std::string& file) { ImageLoader::LoadLayerRle(file
 // (the log's own opening and closing lines left out).
 inline std::vector<std::string> failureLog(EntryPoint load, const std::string& file, const std::string& message) {
     startLog();
-    try {
-        load(file);
-        ADD_FAILURE() << file << ": expected error(\"" << message << "\")";
-    } catch (const error& e) {
-        EXPECT_EQ(e.what(), message) << file;
-    }
+    EXPECT_EQ(errorOf([&] { load(file); }), message) << file;
     std::vector<std::string> lines = stopLogAndReadLines();
     return {lines.begin() + 2, lines.end() - 3};
 }
@@ -45,15 +46,6 @@ struct Refusal {
 
 inline void expectRefusals(const std::vector<Refusal>& cases) {
     for (const auto& c : cases) EXPECT_EQ(failureLog(c.load, c.file, c.message), framed(c.log + c.file)) << c.file;
-}
-
-// Whether two 0x00RRGGBB colours differ by at most `tolerance` in every channel.
-inline bool nearColor(std::uint32_t a, std::uint32_t b, int tolerance) {
-    for (int shift = 0; shift < 24; shift += 8) {
-        int d = static_cast<int>((a >> shift) & 0xFF) - static_cast<int>((b >> shift) & 0xFF);
-        if (d > tolerance || d < -tolerance) return false;
-    }
-    return (a >> 24) == (b >> 24);
 }
 
 }  // namespace vz::test

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cctype>
+#include <regex>
 
 #include "core/error.hpp"
 #include "support/TestSupport.hpp"
@@ -11,20 +11,9 @@ namespace vz {
 namespace {
 
 // `prefix` then the C library's local-time text: "Sat Nov 21 14:03:04 2026".
-// (Shape letters: A upper case, a lower case, 9 digit, # blank or digit.)
 bool isDated(const std::string& line, const std::string& prefix) {
-    const std::string shape = "Aaa Aaa #9 99:99:99 9999";
-    if (line.rfind(prefix, 0) != 0 || line.size() != prefix.size() + shape.size()) return false;
-    for (std::size_t i = 0; i < shape.size(); ++i) {
-        const unsigned char c = static_cast<unsigned char>(line[prefix.size() + i]);
-        const bool fits = shape[i] == 'A'   ? std::isupper(c)
-                          : shape[i] == 'a' ? std::islower(c)
-                          : shape[i] == '9' ? std::isdigit(c)
-                          : shape[i] == '#' ? c == ' ' || std::isdigit(c)
-                                            : c == static_cast<unsigned char>(shape[i]);
-        if (!fits) return false;
-    }
-    return true;
+    return std::regex_match(line,
+                            std::regex(prefix + "[A-Z][a-z]{2} [A-Z][a-z]{2} [ 0-9][0-9] \\d\\d:\\d\\d:\\d\\d \\d{4}"));
 }
 
 TEST(Logstream, OpeningAndClosingLinesAroundOneRunOnly) {

@@ -15,61 +15,62 @@ namespace fs = std::filesystem;
 const std::string dashes(60, '-');
 const std::string config = "64\r\n48\r\n40\r\n4\r\n8\r\n2\r\nNOSOUND\r\n";
 
-// The lines of a log from its start up to the component listing, and after it.
-struct LogParts {
-    std::vector<std::string> head, tail;
+// The log's lines without the component listing (from its count to the last keyword).
+std::vector<std::string> logWithoutListing() {
+    std::vector<std::string> lines = maskedLogLines("logfile.txt");
+    auto first = std::find(lines.begin(), lines.end(), "debug: Sequencer Factory: 146 Components already registered");
+    auto last = std::find(lines.begin(), lines.end(), "Component symbol: lensflareSpline32bpp");
+    if (first != lines.end() && last != lines.end()) lines.erase(first, last + 3);
+    return lines;
+}
+
+struct Played {
+    int status;
+    std::string standardError;
+    std::vector<std::string> log;  // without the listing
 };
 
-LogParts splitLog(const std::vector<std::string>& lines) {
-    LogParts parts;
-    auto count = std::find(lines.begin(), lines.end(), "debug: Sequencer Factory: 146 Components already registered");
-    EXPECT_NE(count, lines.end());
-    parts.head.assign(lines.begin(), count);
-    auto last = std::find(lines.begin(), lines.end(), "Component symbol: lensflareSpline32bpp");
-    EXPECT_NE(last, lines.end());
-    if (last != lines.end()) parts.tail.assign(last + 3, lines.end());
-    return parts;
+// Plays `script` (none: no main.txt) headless with the small configuration.
+Played playScript(const char* script) {
+    ScratchDir dir;
+    writeFile("config.txt", config);
+    if (script) writeFile("main.txt", script);
+    RunResult run = runPlayer({"--headless", "."}, dir.path().string());
+    return {run.status, run.standardError, logWithoutListing()};
+}
+
+using Lines = std::vector<std::string>;
+const Lines opened = {"Opening log on DATE", dashes, "Hardware resolution : 64 * 48", "Window height : 40"};
+const Lines closed = {"", "Closing log at DATE", dashes};
+const Lines started = {"Repository::add screen", "", "", "", "", "", "Interpretation of main.txt : ", "", ""};
+
+Lines operator+(Lines a, const Lines& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
 }
 
 TEST(PlayerRun, LogOfAShortShow) {
-    ScratchDir dir;
-    writeFile("config.txt", config);
-    writeFile("main.txt", "wait 0.5\r\nendDemo\r\n");
-    RunResult run = runPlayer({"--headless", "."}, dir.path().string());
-    EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.standardError, "");
-    LogParts log = splitLog(maskedLogLines("logfile.txt"));
-    EXPECT_EQ(log.head, (std::vector<std::string>{"Opening log on DATE", dashes, "Hardware resolution : 64 * 48",
-                                                  "Window height : 40", "Repository::add screen", "", ""}));
-    EXPECT_EQ(log.tail, (std::vector<std::string>{"", "", "", "Interpretation of main.txt : ", "", "",
-                                                  "Closing log at DATE", dashes}));
+    const Played played = playScript("wait 0.5\r\nendDemo\r\n");
+    EXPECT_EQ(played.status, 0);
+    EXPECT_EQ(played.standardError, "");
+    EXPECT_EQ(played.log, opened + started + Lines({"Closing log at DATE", dashes}));
 }
 
 TEST(PlayerRun, AMissingScriptIsLoggedAsAnExceptionAndFailsHeadless) {
-    ScratchDir dir;
-    writeFile("config.txt", config);
-    RunResult run = runPlayer({"--headless"}, dir.path().string());
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.standardError, "vzplayer: main.txt: TextParser can not open file\n");
-    auto lines = maskedLogLines("logfile.txt");
-    EXPECT_EQ(lines, (std::vector<std::string>{"Opening log on DATE", dashes, "Hardware resolution : 64 * 48",
-                                               "Window height : 40", dashes, "Fatal: Parser : open failure of main.txt",
-                                               dashes, "", dashes, "exeption : TextParser can not open file", "",
-                                               "Closing log at DATE", dashes}));
+    const Played played = playScript(nullptr);
+    EXPECT_EQ(played.status, 1);
+    EXPECT_EQ(played.standardError, "vzplayer: main.txt: TextParser can not open file\n");
+    EXPECT_EQ(played.log, opened + framed("Fatal: Parser : open failure of main.txt") +
+                              Lines({"", dashes, "exeption : TextParser can not open file"}) + closed);
 }
 
 TEST(PlayerRun, ScriptErrorsNameTheFileAndLine) {
-    ScratchDir dir;
-    writeFile("config.txt", config);
-    writeFile("main.txt", "# the show\r\nwait 0.1\r\nnoSuchEffect screen\r\n");
-    RunResult run = runPlayer({"--headless"}, dir.path().string());
-    EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.standardError, "vzplayer: main.txt:3: unknow Component\n");
-    auto lines = maskedLogLines("logfile.txt");
-    ASSERT_GE(lines.size(), 9u);
-    EXPECT_EQ(std::vector<std::string>(lines.end() - 9, lines.end()),
-              (std::vector<std::string>{dashes, "unknow Component : main.txt::noSuchEffect", dashes, "", dashes,
-                                        "exeption : unknow Component", "", "Closing log at DATE", dashes}));
+    const Played played = playScript("# the show\r\nwait 0.1\r\nnoSuchEffect screen\r\n");
+    EXPECT_EQ(played.status, 1);
+    EXPECT_EQ(played.standardError, "vzplayer: main.txt:3: unknow Component\n");
+    EXPECT_EQ(played.log, opened + started + Lines({"main.txt:"}) +
+                              framed("unknow Component : main.txt::noSuchEffect") +
+                              Lines({"", dashes, "exeption : unknow Component"}) + closed);
 }
 
 TEST(PlayerRun, BadUsageAndInformation) {

@@ -45,32 +45,27 @@ std::string run(const std::string& command) {
 
 bool onPath(const std::string& tool) { return run("command -v " + tool + " 2>/dev/null").size() > 0; }
 
-std::uint32_t be32(const std::string& data, std::size_t at) {
-    return (std::uint32_t(std::uint8_t(data[at])) << 24) | (std::uint32_t(std::uint8_t(data[at + 1])) << 16) |
-           (std::uint32_t(std::uint8_t(data[at + 2])) << 8) | std::uint8_t(data[at + 3]);
+// A 32-bit word of `data` at `at`, most significant byte first unless `lsbFirst`.
+std::uint32_t word(const std::string& data, std::size_t at, bool lsbFirst = false) {
+    std::uint32_t v = 0;
+    for (int i = 0; i < 4; ++i) v = v << 8 | static_cast<std::uint8_t>(data[at + (lsbFirst ? 3 - i : i)]);
+    return v;
 }
 
-// Reads a 24/32-bit ZPixmap window dump as written by xwd.
+// Reads a 32-bit ZPixmap window dump as written by xwd.
 Picture readXwd(const std::string& path) {
     std::string data = readFile(path);
     Picture p;
-    if (data.size() < 100) return p;
-    std::uint32_t headerSize = be32(data, 0), byteOrder = be32(data, 28), bitsPerPixel = be32(data, 44),
-                  bytesPerLine = be32(data, 48), colors = be32(data, 76);
-    p.width = static_cast<int>(be32(data, 16));
-    p.height = static_cast<int>(be32(data, 20));
-    std::size_t start = headerSize + colors * 12;
-    if (bitsPerPixel != 32 || data.size() < start + std::size_t(bytesPerLine) * p.height) return Picture{};
-    for (int y = 0; y < p.height; ++y) {
-        for (int x = 0; x < p.width; ++x) {
-            std::size_t at = start + std::size_t(y) * bytesPerLine + std::size_t(x) * 4;
-            std::uint32_t v = byteOrder == 0 ? (std::uint32_t(std::uint8_t(data[at])) |
-                                                (std::uint32_t(std::uint8_t(data[at + 1])) << 8) |
-                                                (std::uint32_t(std::uint8_t(data[at + 2])) << 16))
-                                             : be32(data, at) & 0xFFFFFF;
-            p.pixels.push_back(v & 0xFFFFFF);
-        }
-    }
+    if (data.size() < 100 || word(data, 44) != 32) return p;
+    const std::uint32_t bytesPerLine = word(data, 48);
+    const std::size_t start = word(data, 0) + word(data, 76) * 12;  // header, then the colour map
+    p.width = static_cast<int>(word(data, 16));
+    p.height = static_cast<int>(word(data, 20));
+    if (data.size() < start + std::size_t(bytesPerLine) * p.height) return Picture{};
+    for (int y = 0; y < p.height; ++y)
+        for (int x = 0; x < p.width; ++x)
+            p.pixels.push_back(
+                word(data, start + std::size_t(y) * bytesPerLine + std::size_t(x) * 4, word(data, 28) == 0) & 0xFFFFFF);
     return p;
 }
 

@@ -1,4 +1,3 @@
-#include <cstdint>
 #include <numeric>
 
 #include "support/EffectTestSupport.hpp"
@@ -61,14 +60,6 @@ TEST_F(PalettesTest, AlphaLutStepsFromTheFirstPaletteTowardTheSecond) {
     make("alphaLut lut black white")->run(0);
     EXPECT_EQ(table[128 * 256 + 3], 0x7F7F7Fu);
     EXPECT_EQ(table[255 * 256 + 3], 0xFEFEFEu);
-}
-
-TEST_F(PalettesTest, LutBuildersRefuseTablesTooSmall) {
-    addLayer32("small", 16, 16);
-    addPalette("pal");
-    addColor("c", 0);
-    EXPECT_EQ(errorOf([&] { make("shadingLut small pal c c"); }),
-              "shadingLut : the lut must hold 256x256 entries, it is 16x16");
 }
 
 TEST_F(PalettesTest, BlendsTruncateAndWrapOutsideZeroToOne) {

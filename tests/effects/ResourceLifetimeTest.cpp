@@ -1,7 +1,5 @@
 // A resource dropped by "sub" while a running component still draws with it stays alive
 // until that component ends: the script cannot make the player touch freed memory.
-#include <gtest/gtest.h>
-
 #include "support/EffectTestSupport.hpp"
 
 namespace vz::test {

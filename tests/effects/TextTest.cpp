@@ -1,9 +1,3 @@
-#include <gtest/gtest.h>
-
-#include <cstdint>
-#include <string>
-#include <vector>
-
 #include "effects/sprites/TextDrawing.hpp"
 #include "support/EffectTestSupport.hpp"
 
@@ -52,14 +46,6 @@ TEST_F(Text, GlyphCellsAndTheUnscaledAdvance) {
     drawText(wide, font, style, "A:aB");
     EXPECT_EQ(cells(wide, 3), (std::vector<int>{-1, -1, -1, 0,  0,  -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, 1,
                                                 1,  -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1}));
-}
-
-TEST_F(Text, FontsLowerThanTheirCellsAreRefused) {
-    addLayer32("screen", 8, 8);
-    addLayer32("flat", 4, 35);
-    EXPECT_EQ(
-        errorOf([&] { make("PutStringKeytrack32bpp screen flat constSprite 0 0 1 1 constInt 32 constFloat 1 A"); }),
-        "PutStringKeytrack32bpp : the font picture is 4x35, lower than its 36 glyph cells");
 }
 
 TEST_F(Text, CoolTextWobblesEachGlyphOnItsOwnPhase) {

@@ -1,7 +1,5 @@
 #include "script/composites/Composite.hpp"
 
-#include <algorithm>
-
 #include "tests/script/TimelineProbes.hpp"
 
 namespace vz::test {

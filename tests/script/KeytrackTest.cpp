@@ -1,7 +1,5 @@
 #include "script/Keytrack.hpp"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
 
 #include "ScriptTestSupport.hpp"

@@ -1,7 +1,5 @@
 #include "script/Repository.hpp"
 
-#include <gtest/gtest.h>
-
 #include <functional>
 
 #include "ScriptTestSupport.hpp"

@@ -1,7 +1,5 @@
 #include "script/ResourceKinds.hpp"
 
-#include <gtest/gtest.h>
-
 #include "ScriptTestSupport.hpp"
 #include "core/Palette.hpp"
 #include "core/Zbuffer.hpp"
@@ -65,24 +63,13 @@ TEST_F(ResourceKindsTest, EmptyLayersOfADeclaredSizeAndColors) {
     for (const auto& [text, message] : failures) EXPECT_EQ(errorOfDeclaring(text), message);
 }
 
-TEST_F(ResourceKindsTest, ZbufferStampWrapsAndClears) {
+// The stamp's wrap is tested with the component that advances it (updateZbuffer).
+TEST_F(ResourceKindsTest, ZbufferStartsClearAndServesAsA32BitLayer) {
     auto& zbuffer = declare<Zbuffer>("z Zbuffer 4 2");
     EXPECT_EQ(zbuffer.stamp, 0u);
     EXPECT_EQ(std::vector<std::uint32_t>(zbuffer.pixels, zbuffer.pixels + 8), std::vector<std::uint32_t>(8, 0));
-    // Usable wherever a 32-bit layer is asked for.
     EXPECT_EQ(&repository.aquireAs<Layer32bpp>("z"), &zbuffer);
     EXPECT_EQ(test::errorOf([&] { repository.aquireAs<Zbuffer>("screen"); }), "Repository::aquire failure");
-
-    for (int i = 0; i < 127; ++i) zbuffer.advanceStamp();
-    EXPECT_EQ(zbuffer.stamp, 0x7F000000u);
-    zbuffer.pixels[3] = 0x7E001234;
-    zbuffer.advanceStamp();
-    EXPECT_EQ(zbuffer.stamp, 0u);
-    EXPECT_EQ(zbuffer.pixels[3], 0u);
-    zbuffer.pixels[3] = 0x00001234;
-    zbuffer.advanceStamp();
-    EXPECT_EQ(zbuffer.stamp, 0x01000000u);
-    EXPECT_EQ(zbuffer.pixels[3], 0x00001234u);  // only the wrap clears
 }
 
 TEST_F(ResourceKindsTest, OffsetsTableFromTwoPictures) {
@@ -146,16 +133,6 @@ TEST_F(ResourceKindsTest, MaterialMissingOrWrongSymbolsAreFatal) {
     auto lines = test::stopLogAndReadLines();
     EXPECT_TRUE(test::containsRun(lines, test::framed("Fatal: nowhere was not found")));
     EXPECT_TRUE(test::containsRun(lines, test::framed("Fatal: tint is not a Layer8bpp")));
-}
-
-TEST(PaletteTest, ExtraByteFills) {
-    Palette palette;
-    palette.colors[10] = 0x12345678;
-    palette.setAlpha(0xAB);
-    EXPECT_EQ(palette.colors[10], 0xAB345678u);
-    palette.setAlphaGradient();
-    EXPECT_EQ(palette.colors[10], 0x0A345678u);
-    EXPECT_EQ(palette.colors[255] >> 24, 255u);
 }
 
 TEST(PaletteTest, RangesBlendColourBytesAndKeepTheExtraByte) {

@@ -1,6 +1,7 @@
 #pragma once
-// Helpers of the script tests: a parser standing on a line of text, error texts, and
-// runs of log lines.
+// Helpers of the script tests: a parser standing on a line of text, and runs of log lines.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <string>
 #include <vector>

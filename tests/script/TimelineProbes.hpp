@@ -1,12 +1,7 @@
 #pragma once
 // Helpers of the timeline tests. The probe component "record LABEL" appends
 // "LABEL@localTime" to a journal at every run and "~LABEL" when it is destroyed.
-#include <gtest/gtest.h>
-
-#include <memory>
 #include <sstream>
-#include <string>
-#include <vector>
 
 #include "script/ComponentContext.hpp"
 #include "script/RandomSeed.hpp"
@@ -36,14 +31,6 @@ private:
     std::string label_;
 };
 
-inline const ExtraComponents& probes() {
-    static const ExtraComponents list{
-        {"record", &buildComponent<Recorder>},
-        {"nullProbe", [](ComponentContext&) -> std::unique_ptr<Component> { return nullptr; }},
-    };
-    return list;
-}
-
 // Runs one frame and returns what it wrote to the journal, blank-separated.
 inline std::string frame(Sequencer& sequencer, float t) {
     journal().clear();
@@ -60,10 +47,13 @@ protected:
     TimelineTest() { resetState(); }
     ~TimelineTest() override { resetState(); }
 
-    // A sequencer, knowing the probes, on a main.txt holding `script`.
+    // A sequencer knowing the probes ("nullProbe" builds nothing) on a main.txt holding `script`.
     std::unique_ptr<Sequencer> play(const std::string& script) {
+        static const ExtraComponents probes{
+            {"record", &buildComponent<Recorder>},
+            {"nullProbe", [](ComponentContext&) -> std::unique_ptr<Component> { return nullptr; }}};
         writeFile("main.txt", script);
-        return std::make_unique<Sequencer>("main.txt", show, &probes());
+        return std::make_unique<Sequencer>("main.txt", show, &probes);
     }
 
 private:

@@ -1,11 +1,14 @@
 #pragma once
 // Helpers of the effect tests: small layers, palettes and colours registered under
-// names, and components built from one script line exactly as the timeline builds them.
+// names, components built from one script line exactly as the timeline builds them, and
+// small pictures.
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <memory>
+#include <random>
 #include <string>
+#include <vector>
 
 #include "core/Layer.hpp"
 #include "core/Palette.hpp"
@@ -17,9 +20,48 @@
 #include "script/Sequencer.hpp"
 #include "script/Show.hpp"
 #include "script/TextParser.hpp"
+#include "support/PlayerRun.hpp"
 #include "support/TestSupport.hpp"
 
 namespace vz::test {
+
+using Pixels = std::vector<std::uint32_t>;
+
+// A grey pixel (the same value in the three colour bytes, alpha 0).
+constexpr std::uint32_t grey(std::uint32_t g) { return g * 0x010101u; }
+
+inline Pixels pixelsOf(const Layer32bpp& layer) { return {layer.pixels, layer.pixels + layer.pixelCount()}; }
+
+// The frame checksum of the end-to-end runs, of a layer: pins a noisy picture exactly.
+inline std::uint64_t checksumOf(const Layer32bpp& layer) {
+    return checksum(Picture{layer.width, layer.height, pixelsOf(layer)});
+}
+
+inline void setPixels(Layer32bpp& layer, const Pixels& values) {
+    std::copy(values.begin(), values.end(), layer.pixels);
+}
+
+inline void fillRandom(Layer32bpp& layer, std::uint32_t seed) {
+    std::mt19937 random(seed);
+    std::generate_n(layer.pixels, layer.pixelCount(), random);
+}
+
+// Each pixel tells where it is: x in the low byte, y in the next.
+inline void fillCoordinates(Layer32bpp& layer) {
+    for (int y = 0; y < layer.height; ++y)
+        for (int x = 0; x < layer.width; ++x) layer.row(y)[x] = static_cast<std::uint32_t>(y << 8 | x);
+}
+
+// The layer as text: one character per pixel, `charOf` its value; rows separated by '|'.
+template <class CharOf>
+std::string textOf(const Layer32bpp& layer, CharOf charOf) {
+    std::string text;
+    for (std::int64_t i = 0; i < layer.pixelCount(); ++i) {
+        if (i && i % layer.width == 0) text += '|';
+        text += static_cast<char>(charOf(layer.pixels[i]));
+    }
+    return text;
+}
 
 class EffectTest : public ::testing::Test {
 protected:

@@ -6,7 +6,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>
@@ -19,23 +18,13 @@ namespace vz::test {
 
 int startProcess(const std::vector<std::string>& args, const std::string& cwd,
                  const std::vector<std::string>& environment, const std::string& outFile, const std::string& errFile) {
-    std::vector<std::string> argv = args;
+    // `env` puts the extra entries over the inherited ones, then becomes the program.
+    std::vector<std::string> argv{"env"};
+    argv.insert(argv.end(), environment.begin(), environment.end());
+    argv.insert(argv.end(), args.begin(), args.end());
     std::vector<char*> cargv;
     for (auto& a : argv) cargv.push_back(a.data());
     cargv.push_back(nullptr);
-    // The extra entries replace inherited ones of the same name.
-    auto nameOf = [](const std::string& entry) { return entry.substr(0, entry.find('=') + 1); };
-    std::vector<std::string> env;
-    for (char** e = environ; *e; ++e) {
-        const std::string inherited = *e;
-        bool replaced = std::any_of(environment.begin(), environment.end(),
-                                    [&](const std::string& extra) { return nameOf(extra) == nameOf(inherited); });
-        if (!replaced) env.push_back(inherited);
-    }
-    env.insert(env.end(), environment.begin(), environment.end());
-    std::vector<char*> cenv;
-    for (auto& e : env) cenv.push_back(e.data());
-    cenv.push_back(nullptr);
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -47,7 +36,7 @@ int startProcess(const std::vector<std::string>& args, const std::string& cwd,
     else
         posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     pid_t pid = -1;
-    if (posix_spawnp(&pid, cargv[0], &actions, nullptr, cargv.data(), cenv.data()) != 0) pid = -1;
+    if (posix_spawnp(&pid, cargv[0], &actions, nullptr, cargv.data(), environ) != 0) pid = -1;
     posix_spawn_file_actions_destroy(&actions);
     return pid;
 }

@@ -52,7 +52,7 @@ std::vector<std::string> readLines(const fs::path& path) {
     return lines;
 }
 
-std::string errorMessageOf(const std::function<void()>& action) {
+std::string errorOf(const std::function<void()>& action) {
     try {
         action();
     } catch (const error& e) {

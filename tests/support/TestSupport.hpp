@@ -27,11 +27,7 @@ std::string readFile(const std::filesystem::path& path);
 std::vector<std::string> readLines(const std::filesystem::path& path);
 
 // The message of the vz::error that `action` raises, or "no error" when it raises none.
-std::string errorMessageOf(const std::function<void()>& action);
-template <class Action>
-std::string errorOf(Action&& action) {
-    return errorMessageOf(std::function<void()>(std::forward<Action>(action)));
-}
+std::string errorOf(const std::function<void()>& action);
 
 // The three lines that frame a message in the log before a fatal error.
 std::vector<std::string> framed(const std::string& message);

@@ -11,6 +11,7 @@ AssetList makeAllAssets(const Band& band) {
     addMaps(assets, band);
     addPalettes(assets, band);
     addKeytracks(assets);
+    addProceduralKeytracks(assets);
     addMusic(assets);
     return assets;
 }

@@ -4,9 +4,11 @@
 #include <vector>
 
 #include "tools/assetgen/Band.hpp"
-#include "tools/assetgen/Bytes.hpp"
+#include "tools/writers/Bytes.hpp"
 
 namespace vz::assetgen {
+
+using writers::Bytes;
 
 struct Asset {
     std::string name;
@@ -20,6 +22,7 @@ void addPictures(AssetList& assets, const Band& band);  // font, textures, backg
 void addMaps(AssetList& assets, const Band& band);      // tunnel offsets, light maps, alpha maps, patterns
 void addPalettes(AssetList& assets, const Band& band);  // palette pictures, palette files, LUT palettes
 void addKeytracks(AssetList& assets);                   // key files
+void addProceduralKeytracks(AssetList& assets);         // key files of the procedural section
 void addMusic(AssetList& assets);                       // the tracker module
 
 // Every file of the demo, in a fixed order.

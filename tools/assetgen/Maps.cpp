@@ -4,10 +4,10 @@
 #include "tools/assetgen/Assets.hpp"
 #include "tools/assetgen/Band.hpp"
 #include "tools/assetgen/FixedRandom.hpp"
-#include "tools/assetgen/GifWriter.hpp"
-#include "tools/assetgen/PcxWriter.hpp"
 #include "tools/assetgen/Shapes.hpp"
 #include "tools/assetgen/TunnelTable.hpp"
+#include "tools/writers/GifWriter.hpp"
+#include "tools/writers/PcxWriter.hpp"
 
 namespace vz::assetgen {
 

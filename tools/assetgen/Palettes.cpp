@@ -5,8 +5,8 @@
 #include "tools/assetgen/Assets.hpp"
 #include "tools/assetgen/Band.hpp"
 #include "tools/assetgen/NamedPalettes.hpp"
-#include "tools/assetgen/PcxWriter.hpp"
 #include "tools/assetgen/Shapes.hpp"
+#include "tools/writers/PcxWriter.hpp"
 
 namespace vz::assetgen {
 

@@ -1,42 +1,17 @@
 #pragma once
-// Picture types shared by the encoders and the asset drawing code.
+// Drawing helpers over the writers' picture types.
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <vector>
 
+#include "tools/writers/Picture.hpp"
+
 namespace vz::assetgen {
 
-struct Rgb {
-    uint8_t r = 0, g = 0, b = 0;
-};
-
-using Palette = std::array<Rgb, 256>;
-
-// One palette index per pixel, rows from the top, no padding.
-struct IndexedPicture {
-    int width = 0;
-    int height = 0;
-    std::vector<uint8_t> pixels;
-    Palette palette{};
-
-    IndexedPicture() = default;
-    IndexedPicture(int w, int h) : width(w), height(h), pixels(size_t(w) * size_t(h), 0) {}
-    uint8_t& at(int x, int y) { return pixels[size_t(y) * size_t(width) + size_t(x)]; }
-    uint8_t at(int x, int y) const { return pixels[size_t(y) * size_t(width) + size_t(x)]; }
-};
-
-// One colour per pixel, rows from the top, no padding.
-struct RgbPicture {
-    int width = 0;
-    int height = 0;
-    std::vector<Rgb> pixels;
-
-    RgbPicture() = default;
-    RgbPicture(int w, int h) : width(w), height(h), pixels(size_t(w) * size_t(h)) {}
-    Rgb& at(int x, int y) { return pixels[size_t(y) * size_t(width) + size_t(x)]; }
-    const Rgb& at(int x, int y) const { return pixels[size_t(y) * size_t(width) + size_t(x)]; }
-};
+using writers::IndexedPicture;
+using writers::Palette;
+using writers::Rgb;
+using writers::RgbPicture;
 
 inline uint8_t clampByte(double v) { return uint8_t(std::clamp(v, 0.0, 255.0)); }
 

@@ -4,14 +4,14 @@
 
 #include "tools/assetgen/Assets.hpp"
 #include "tools/assetgen/Band.hpp"
-#include "tools/assetgen/BmpWriter.hpp"
 #include "tools/assetgen/FixedRandom.hpp"
 #include "tools/assetgen/Font.hpp"
-#include "tools/assetgen/GifWriter.hpp"
-#include "tools/assetgen/JpegWriter.hpp"
 #include "tools/assetgen/NamedPalettes.hpp"
-#include "tools/assetgen/PcxWriter.hpp"
 #include "tools/assetgen/Shapes.hpp"
+#include "tools/writers/BmpWriter.hpp"
+#include "tools/writers/GifWriter.hpp"
+#include "tools/writers/JpegWriter.hpp"
+#include "tools/writers/PcxWriter.hpp"
 
 namespace vz::assetgen {
 

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "tools/assetgen/Assets.hpp"
+#include "tools/assetgen/WriteFile.hpp"
 
 namespace {
 
