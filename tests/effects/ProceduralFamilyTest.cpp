@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "FilterTestPictures.hpp"
 #include "effects/procedural/Bump.hpp"
 #include "effects/procedural/Fire.hpp"
 #include "effects/procedural/Glitter.hpp"

@@ -6,7 +6,6 @@
 #include <string>
 #include <vector>
 
-#include "FilterTestPictures.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "support/EffectTestSupport.hpp"
 

@@ -10,7 +10,6 @@
 #include <string>
 #include <vector>
 
-#include "FilterTestPictures.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
 #include "effects/warpers/TiledTexture.hpp"
