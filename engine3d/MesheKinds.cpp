@@ -13,9 +13,7 @@ namespace {
 
 std::unique_ptr<Resource> buildMeshe(TextParser& parser, Repository& repository) {
     const std::string fileName = parser.getTokenCopy();
-    const Symbol& symbol = *repository.aquire(parser.getTokenCopy());
-    Repository::dataAs<Material>(symbol);
-    auto mesh = GenModels::loadModel(fileName, std::static_pointer_cast<Material>(symbol.shared()));
+    auto mesh = GenModels::loadModel(fileName, sharedMaterial(repository, parser.getTokenCopy()));
     prepareMesh(*mesh);
     return mesh;
 }

@@ -115,9 +115,7 @@ void bindNamedMaterial(Repository& repository, Meshe& mesh, Face& face, TextPars
         std::string symbol = first.size() > 9 ? first.substr(9) : parser.getTokenCopy();
         if (symbol.size() >= 2 && symbol.front() == '"' && symbol.back() == '"')
             symbol = symbol.substr(1, symbol.size() - 2);
-        const Symbol& found = *repository.aquire(symbol);
-        Repository::dataAs<Material>(found);
-        mesh.bind(face, std::static_pointer_cast<Material>(found.shared()));
+        mesh.bind(face, sharedMaterial(repository, symbol));
         return;
     }
 }
