@@ -32,8 +32,8 @@ void drawZbuffer32(RenderContext& context);
 // drawn normally.
 void drawZbufferPrepass32(RenderContext& context);
 // The 8-bit target: "texture8bpp" faces from map8bpp, every other face as "gouraud8bpp".
-void drawPainter8(RenderContext& context);    // first to last, no depth test
-void drawZbuffer8(RenderContext& context);    // last to first with the material's zMode
+void drawPainter8(RenderContext& context);  // first to last, no depth test
+void drawZbuffer8(RenderContext& context);  // last to first with the material's zMode
 // Every face with one filler, first to last, whatever its material id (the multi-pass
 // mesh players): depth as the material says when the context has a z-buffer.
 void drawSingleKind32(RenderContext& context, FillerKind kind);
