@@ -37,9 +37,10 @@ T scanned(const char* reader, TextParser& parser, const char* pattern) {
     return value;
 }
 
-void readVertices(const char* reader, TextParser& parser, Meshe& mesh, bool mapped) {
+// `onFirst`: the parser already stands on the first vertex's line, past its number.
+void readVertices(const char* reader, TextParser& parser, Meshe& mesh, bool mapped, bool onFirst) {
     for (int i = 0; i < mesh.vertexCount; ++i) {
-        if (!seekLine(parser, "Vertex"))
+        if (!(i == 0 && onFirst) && !seekLine(parser, "Vertex"))
             meshFileError(
                 reader, parser,
                 "the file ends before vertex " + std::to_string(i) + " of " + std::to_string(mesh.vertexCount));
@@ -95,8 +96,15 @@ std::unique_ptr<Meshe> readAsc(const char* reader, const std::string& fileName, 
     auto mesh = std::make_unique<Meshe>(vertexCount, faceCount, 3 * faceCount);
     logout() << name << " : objet created" << lend;
     logout() << vertexCount << " verts - " << faceCount << " polys" << lend;
-    const bool mapped = parser.nextLine() && std::strcmp(parser.getToken(), "Mapped") == 0;
-    readVertices(reader, parser, *mesh, mapped);
+    // The line after the counts says whether the vertices are mapped; without that word it
+    // may already be the first vertex.
+    bool mapped = false, onFirstVertex = false;
+    if (parser.nextLine()) {
+        const std::string first = parser.getTokenCopy();
+        mapped = first == "Mapped";
+        onFirstVertex = first == "Vertex" && parser.tokensLeft() && std::strcmp(parser.getToken(), "list:") != 0;
+    }
+    readVertices(reader, parser, *mesh, mapped, onFirstVertex);
     logout() << name << " : vertices copied" << lend;
     readFaces(reader, parser, *mesh, bindFace);
     logout() << name << " : well done" << lend;

@@ -87,6 +87,15 @@ TEST_F(MeshLoadersTest, AscMaterialBindsEachFaceToTheMaterialItNames) {
     EXPECT_EQ(mesh->faces[1].materialId, 6);
 }
 
+TEST_F(MeshLoadersTest, AnUnmappedAscMayStartItsVerticesRightAfterTheCounts) {
+    auto mesh = load("bare.asc",
+                     "Tri-mesh, Vertices: 3 Faces: 1\nVertex 0: X:1 Y:2 Z:3\nVertex 1: X:4 Y:5 Z:6\n"
+                     "Vertex 2: X:7 Y:8 Z:9\nFace 0: A:0 B:1 C:2 AB:0 BC:0 CA:0\n");
+    EXPECT_EQ((std::vector<float>{mesh->vertices[0].x, mesh->vertices[2].y, mesh->vertices[2].u}),
+              (std::vector<float>{1, 9, 0}));
+    EXPECT_EQ(mesh->edgeCount, 0);
+}
+
 TEST_F(MeshLoadersTest, ThreeDHasNoEdgesAndTheSameAxisConvention) {
     test::startLog();
     auto mesh = load("tri.3d", "3 1\n1 2 3 0.25 0.25\n0 0 1 0 0\n1 0 0 1 1\n0 2 1\n");
