@@ -6,7 +6,6 @@
 // (the span's depth has the top bit set and the stored one not) is skipped like a
 // hidden one, so a row always moves on.
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
 
 #include "engine3d/raster/Span.hpp"
@@ -14,12 +13,6 @@
 namespace vz::raster {
 
 namespace {
-
-std::uint32_t roundHeld(double v) {
-    if (!(v > -2147483648.0)) return v < 0 ? 0x80000000u : 0;  // below the range, or NaN
-    if (v >= 2147483647.0) return 0x7FFFFFFFu;
-    return static_cast<std::uint32_t>(static_cast<std::int32_t>(std::llround(v)));
-}
 
 template <class P>
 void skip(const Span<P>& span, Attributes& at, int n) {
@@ -55,6 +48,11 @@ void drawRow(const void* erased, const SpanRow& row) {
         emit(span, at, target, row.width);
     } else {
         std::uint32_t* z = span.zbuffer + offset;
+        // A polygon's next rows lie just below this one, a row of the target further on:
+        // ask for their depths early, since a short row is over before a miss is served.
+        const std::ptrdiff_t ahead = 2 * static_cast<std::ptrdiff_t>(span.pitch);
+        __builtin_prefetch(z + ahead);
+        __builtin_prefetch(target + ahead, 1);
         std::uint32_t depth = toDepth(row.a[depthAttribute]) | span.zword;
         const std::uint32_t step = span.depthStep;
         const int n = row.width;
@@ -74,7 +72,7 @@ void drawRow(const void* erased, const SpanRow& row) {
                 hidden = visible = i + 1;
                 depth += step;
             }
-            skip(span, at, hidden - i);
+            if (hidden > i) skip(span, at, hidden - i);
             if (visible > hidden) emit(span, at, target + hidden, visible - hidden);
             i = visible;
         }
@@ -91,9 +89,6 @@ RowSink sinkOf(const Span<P>& span, DepthMode mode) {
 }
 
 }  // namespace
-
-std::uint32_t toFixed16(float v) { return roundHeld(double(v) * 65536.0); }
-std::uint32_t toDepth(float v) { return roundHeld(double(v) * 16777216.0); }
 
 template <>
 RowSink rowSink(const Span<std::uint32_t>& span, DepthMode mode) {

@@ -5,20 +5,11 @@
 #include <cstdint>
 
 #include "core/Fixed16.hpp"
+#include "engine3d/raster/Rounding.hpp"
 
 namespace vz::raster {
 
 namespace {
-
-// v rounded to the nearest, held in the 32-bit range (a slope of a nearly flat edge may
-// leave it; such an edge spans less than one row and is never stepped).
-template <class R>
-std::int32_t roundToFixed(R v) {
-    const R limit = R(2147483520);  // below 2^31 and exact in float
-    if (!(v > -limit)) return -2147483520;
-    if (v > limit) return 2147483520;
-    return static_cast<std::int32_t>(std::llround(v));
-}
 
 // One side of the polygon between two corners: x in 16.16 and, on the left edge, the
 // attributes, each with its change per row.
@@ -29,11 +20,11 @@ struct Edge {
 
     void start(const ScreenVertex& from, const ScreenVertex& to, bool carriesAttributes) {
         const R y0 = from.y, height = R(to.y) - y0;
-        const R x0 = R(roundToFixed(R(from.x) * R(fixed16::one)));
+        const R x0 = R(roundHeld(R(from.x) * R(fixed16::one)));
         const R dx = R(to.x) - R(from.x);
-        slope = roundToFixed(R(fixed16::one) / height * dx);
+        slope = roundHeld(R(fixed16::one) / height * dx);
         const R prestep = R(from.row) - y0;  // from the corner down to its first row
-        x = roundToFixed(prestep * R(slope) + x0);
+        x = roundHeld(prestep * R(slope) + x0);
         if (!carriesAttributes) return;
         for (int i = 0; i < attributeCount; ++i) {
             step[i] = (R(to.a[i]) - R(from.a[i])) / height;

@@ -7,6 +7,7 @@
 // so that stepping wraps instead of overflowing; inner loops only add and shift.
 #include <cstdint>
 
+#include "engine3d/raster/Rounding.hpp"
 #include "engine3d/raster/ScreenPolygon.hpp"
 
 namespace vz::raster {
@@ -52,8 +53,8 @@ struct Span {
 
 // 16.16 and 8.24 words of an attribute, rounded to the nearest and held in the signed
 // 32-bit range (NaN gives 0).
-std::uint32_t toFixed16(float v);
-std::uint32_t toDepth(float v);
+inline std::uint32_t toFixed16(float v) { return static_cast<std::uint32_t>(roundHeld(double(v) * 65536.0)); }
+inline std::uint32_t toDepth(float v) { return static_cast<std::uint32_t>(roundHeld(double(v) * 16777216.0)); }
 
 // Fills in the per-pixel steps from the polygon's gradients.
 template <class P>
