@@ -11,6 +11,14 @@ namespace vz::raster {
 
 namespace {
 
+// Calls f(i) for each attribute the polygon interpolates: the first `attributes` and
+// the depth.
+template <class F>
+inline void eachAttribute(int attributes, F f) {
+    for (int i = 0; i < attributes; ++i) f(i);
+    f(depthAttribute);
+}
+
 // One side of the polygon between two corners: x in 16.16 and, on the left edge, the
 // attributes, each with its change per row.
 template <class R>
@@ -18,30 +26,32 @@ struct Edge {
     std::int32_t x = 0, slope = 0;
     R a[attributeCount] = {}, step[attributeCount] = {};
 
-    void start(const ScreenVertex& from, const ScreenVertex& to, bool carriesAttributes) {
+    int attributes = -1;  // how many of attributes 1-4 it carries; -1: not even the depth
+
+    void start(const ScreenVertex& from, const ScreenVertex& to) {
         const R y0 = from.y, height = R(to.y) - y0;
         const R x0 = R(roundHeld(R(from.x) * R(fixed16::one)));
         const R dx = R(to.x) - R(from.x);
         slope = roundHeld(R(fixed16::one) / height * dx);
         const R prestep = R(from.row) - y0;  // from the corner down to its first row
         x = roundHeld(prestep * R(slope) + x0);
-        if (!carriesAttributes) return;
-        for (int i = 0; i < attributeCount; ++i) {
+        if (attributes < 0) return;
+        eachAttribute(attributes, [&](int i) {
             step[i] = (R(to.a[i]) - R(from.a[i])) / height;
             a[i] = R(from.a[i]) + prestep * step[i];
-        }
+        });
     }
-    void advance(int rows, bool carriesAttributes) {
+    void advance(int rows) {
         x = static_cast<std::int32_t>(x + static_cast<std::int64_t>(slope) * rows);
-        if (!carriesAttributes) return;
-        for (int i = 0; i < attributeCount; ++i) a[i] += step[i] * R(rows);
+        if (attributes < 0) return;
+        eachAttribute(attributes, [&](int i) { a[i] += step[i] * R(rows); });
     }
 };
 
 // Walks one side from corner `at` to the next corner below it, skipping flat edges.
 // Returns the rows of the edge started, 0 when the next edge goes up: the side is done.
 template <class R>
-int nextEdge(const ScreenPolygon& p, int& at, int direction, Edge<R>& edge, bool carriesAttributes) {
+int nextEdge(const ScreenPolygon& p, int& at, int direction, Edge<R>& edge) {
     const int n = p.count;
     for (int tries = 0; tries < n; ++tries) {
         const int next = (at + direction + n) % n;
@@ -50,7 +60,7 @@ int nextEdge(const ScreenPolygon& p, int& at, int direction, Edge<R>& edge, bool
         const int from = at;
         at = next;
         if (rows > 0) {
-            edge.start(p.v[from], p.v[next], carriesAttributes);
+            edge.start(p.v[from], p.v[next]);
             return rows;
         }
     }
@@ -70,20 +80,21 @@ void walk(const ScreenPolygon& p, const float gradients[attributeCount], const C
     if (oneRow) return;
 
     Edge<R> left, right;
+    left.attributes = p.attributes;
     int leftAt = top, rightAt = top;
     int leftRows = 0, rightRows = 0;
     int row = p.v[top].row;
     SpanRow span;
     for (;;) {
-        if (leftRows == 0 && (leftRows = nextEdge(p, leftAt, +1, left, true)) == 0) return;
-        if (rightRows == 0 && (rightRows = nextEdge(p, rightAt, -1, right, false)) == 0) return;
+        if (leftRows == 0 && (leftRows = nextEdge(p, leftAt, +1, left)) == 0) return;
+        if (rightRows == 0 && (rightRows = nextEdge(p, rightAt, -1, right)) == 0) return;
         int run = std::min(leftRows, rightRows);
         leftRows -= run;
         rightRows -= run;
         if (row < 0) {  // rows above the target: stepped over at once
             const int skipped = std::min(run, -row);
-            left.advance(skipped, true);
-            right.advance(skipped, false);
+            left.advance(skipped);
+            right.advance(skipped);
             row += skipped;
             run -= skipped;
         }
@@ -103,13 +114,13 @@ void walk(const ScreenPolygon& p, const float gradients[attributeCount], const C
                     span.x = x0;
                     span.y = row;
                     span.width = x1 - x0;
-                    for (int i = 0; i < attributeCount; ++i)
-                        span.a[i] = static_cast<float>(left.a[i] + across * R(gradients[i]));
+                    eachAttribute(p.attributes,
+                                  [&](int i) { span.a[i] = static_cast<float>(left.a[i] + across * R(gradients[i])); });
                     sink.draw(sink.span, span);
                 }
             }
-            left.advance(1, true);
-            right.advance(1, false);
+            left.advance(1);
+            right.advance(1);
         }
     }
 }
