@@ -67,9 +67,11 @@ void drawRow(const void* erased, const SpanRow& row) {
         std::uint32_t* z = span.zbuffer + offset;
         // A polygon's next rows lie just below this one, a row of the target further on:
         // ask for their depths early, since a short row is over before a miss is served.
-        const std::ptrdiff_t ahead = 2 * static_cast<std::ptrdiff_t>(span.pitch);
-        __builtin_prefetch(z + ahead);
-        __builtin_prefetch(target + ahead, 1);
+        // (Addresses as integers: the rows ahead may lie past the buffers' end.)
+        const std::uintptr_t ahead = 2 * static_cast<std::uintptr_t>(span.pitch);
+        __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(z) + ahead * 4));
+        __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(target) + ahead * sizeof(P)),
+                           1);
         std::uint32_t depth = toDepth(row.a[depthAttribute]) | span.zword;
         const std::uint32_t step = span.depthStep;
         for (int i = 0; i < n;) {
