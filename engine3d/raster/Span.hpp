@@ -49,7 +49,7 @@ struct Span {
     // blended spans).
     void (*fetch)(const Span& span, Attributes& at, P* out, int n) = nullptr;
     // Blends n source pixels onto the target; null when the source simply replaces
-    // the target, and the fetch then writes straight into it.
+    // the target, and the row loop then writes each texel straight into it.
     void (*blend)(P* target, const P* source, int n) = nullptr;
 };
 
