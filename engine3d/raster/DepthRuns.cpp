@@ -125,6 +125,8 @@ RowSink sinkFor(Span<P>& span, DepthMode mode) {
 
 template <class P>
 RowSink rowSink(Span<P>& span, FillerKind kind, DepthMode mode) {
+    if (kind == FillerKind::texture32 && texels::Texture256::fits(span.source))
+        return sinkFor<texels::Texture256>(span, mode);
     return texels::withSource<P>(kind, [&](auto source) { return sinkFor<decltype(source)>(span, mode); });
 }
 

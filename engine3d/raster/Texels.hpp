@@ -44,6 +44,17 @@ struct TextureMasked {
     }
 };
 
+// The same on a 256 x 256 map, the size the kind is made for: the row and column
+// indices are the bytes above the fractions, with no multiply.
+struct Texture256 {
+    static constexpr int attributes = 2;
+    template <class P>
+    static P at(const Span<P>& s, const Attributes& a) {
+        return static_cast<const P*>(s.source.texels)[((a.a[1] >> 8) & 0xFF00u) | ((a.a[0] >> 16) & 0xFFu)];
+    }
+    static bool fits(const TexelSource& t) { return t.pitch == 256 && t.maskU == 255 && t.maskV == 255; }
+};
+
 // u, v held at the map's borders (the any-size kind).
 struct TextureHeld {
     static constexpr int attributes = 2;
