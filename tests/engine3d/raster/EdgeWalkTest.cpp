@@ -21,6 +21,17 @@ TEST(EdgeWalk, RowsAndColumnsAreRoundedUp) {
     EXPECT_EQ(canvas.text(), ".....|a....|aa...|aaa..|.....");
 }
 
+TEST(EdgeWalk, NearlyFlatEdgeStillPlacesItsOneRow) {
+    // The right edge climbs 0.001 over 40 pixels: a slope beyond 16.16's range, which
+    // crosses row 10 halfway along.
+    Canvas canvas(48, 12, false);
+    Material flat = material(4);
+    canvas.face(flat, {{0, 9.9995f}, {0, 10.5f}, {40, 10.0005f}}, 0xA);
+    drawPainter32(canvas.context);
+    EXPECT_EQ(std::count(canvas.pixels.begin(), canvas.pixels.end(), 0xAu), 20);
+    EXPECT_EQ(canvas.at(19, 10), 0xAu);
+}
+
 TEST(EdgeWalk, PolygonWithinOneRowDrawsNothing) {
     Canvas canvas(5, 5, false);
     Material flat = material(4);
