@@ -92,6 +92,37 @@ TEST(EdgeWalk, MappedQuadsReadTheirTexelsAndNeverLeaveTheTexture) {
     }
 }
 
+TEST(EdgeWalk, NothingIsWrittenOutsideTheTarget) {
+    // Corners far off every side and wild mappings over small maps: the rows above and
+    // below the 10 x 10 target (and, under the sanitizers, every read) stay inside.
+    constexpr std::uint32_t guard = 0x5A5A5A5A;
+    std::vector<std::uint32_t> pixels(12 * 10, guard), depths(12 * 10, guard);
+    Canvas canvas(10, 10);
+    canvas.context.target32 = pixels.data() + 10;
+    canvas.context.zbuffer = depths.data() + 10;
+    std::fill_n(canvas.context.target32, 100, 0);
+    std::fill_n(canvas.context.zbuffer, 100, 0);
+    Layer32bpp map(3, 2);
+    std::fill_n(map.pixels, 6, 0x77);
+    std::vector<Material> materials = {material(0), material(1), material(4), material(5)};
+    for (Material& m : materials) m.map32 = &map;
+    std::mt19937 random(9);
+    std::uniform_real_distribution<float> place(-40, 50), mapping(-1000, 1000);
+    for (int i = 0; i < 400; ++i)
+        canvas.face(materials[i % 4],
+                    {{place(random), place(random), 0.5f, mapping(random), mapping(random)},
+                     {place(random), place(random), 0.5f, mapping(random), mapping(random)},
+                     {place(random), place(random), 0.5f, mapping(random), mapping(random)}},
+                    0x77);
+    raster::drawZbuffer32(canvas.context);
+    for (int i = 0; i < 10; ++i) {
+        EXPECT_EQ(pixels[i], guard);
+        EXPECT_EQ(pixels[110 + i], guard);
+        EXPECT_EQ(depths[110 + i], guard);
+    }
+    EXPECT_EQ(std::count(pixels.begin() + 10, pixels.begin() + 110, 0x77u), 100);
+}
+
 TEST(EdgeWalk, SquareMapsReadLikeAnyOtherMaskedMap) {
     // 256 x 256 maps are addressed without a multiply; a 257-wide map with the same texels
     // goes through the general masked fetch. Wrapping mappings give the same pictures.
