@@ -32,13 +32,14 @@ struct Edge {
         const R y0 = from.y, height = R(to.y) - y0;
         const R x0 = R(roundHeld(R(from.x) * R(fixed16::one)));
         const R dx = R(to.x) - R(from.x);
-        // A nearly flat edge may have a slope beyond the 32-bit range: it spans at most
-        // one row, so the held slope is never stepped, and its first row is placed
-        // with the slope as computed.
         const R exactSlope = R(fixed16::one) / height * dx;
         slope = roundHeld(exactSlope);
+        // A nearly flat edge may have a slope beyond the 32-bit range: it spans at most
+        // one row, so the held slope is never stepped, and that row is placed with the
+        // slope as computed.
+        const bool held = !(std::abs(exactSlope) < R(2147483647));
         const R prestep = R(from.row) - y0;  // from the corner down to its first row
-        x = roundHeld(prestep * exactSlope + x0);
+        x = roundHeld(prestep * (held ? exactSlope : R(slope)) + x0);
         if (attributes < 0) return;
         eachAttribute(attributes, [&](int i) {
             step[i] = (R(to.a[i]) - R(from.a[i])) / height;
