@@ -5,19 +5,18 @@
 #include <cstdint>
 
 #include "core/Fixed16.hpp"
+#include "engine3d/raster/Rounding.hpp"
 
 namespace vz::raster {
 
 namespace {
 
-// v rounded to the nearest, held in the 32-bit range (a slope of a nearly flat edge may
-// leave it; such an edge spans less than one row and is never stepped).
-template <class R>
-std::int32_t roundToFixed(R v) {
-    const R limit = R(2147483520);  // below 2^31 and exact in float
-    if (!(v > -limit)) return -2147483520;
-    if (v > limit) return 2147483520;
-    return static_cast<std::int32_t>(std::llround(v));
+// Calls f(i) for each attribute the polygon interpolates: the first `attributes` and
+// the depth.
+template <class F>
+inline void eachAttribute(int attributes, F f) {
+    for (int i = 0; i < attributes; ++i) f(i);
+    f(depthAttribute);
 }
 
 // One side of the polygon between two corners: x in 16.16 and, on the left edge, the
@@ -27,30 +26,37 @@ struct Edge {
     std::int32_t x = 0, slope = 0;
     R a[attributeCount] = {}, step[attributeCount] = {};
 
-    void start(const ScreenVertex& from, const ScreenVertex& to, bool carriesAttributes) {
+    int attributes = -1;  // how many of attributes 1-4 it carries; -1: not even the depth
+
+    void start(const ScreenVertex& from, const ScreenVertex& to) {
         const R y0 = from.y, height = R(to.y) - y0;
-        const R x0 = R(roundToFixed(R(from.x) * R(fixed16::one)));
+        const R x0 = R(roundHeld(R(from.x) * R(fixed16::one)));
         const R dx = R(to.x) - R(from.x);
-        slope = roundToFixed(R(fixed16::one) / height * dx);
+        const R exactSlope = R(fixed16::one) / height * dx;
+        slope = roundHeld(exactSlope);
+        // A nearly flat edge may have a slope beyond the 32-bit range: it spans at most
+        // one row, so the held slope is never stepped, and that row is placed with the
+        // slope as computed.
+        const bool held = !(std::abs(exactSlope) < R(2147483647));
         const R prestep = R(from.row) - y0;  // from the corner down to its first row
-        x = roundToFixed(prestep * R(slope) + x0);
-        if (!carriesAttributes) return;
-        for (int i = 0; i < attributeCount; ++i) {
+        x = roundHeld(prestep * (held ? exactSlope : R(slope)) + x0);
+        if (attributes < 0) return;
+        eachAttribute(attributes, [&](int i) {
             step[i] = (R(to.a[i]) - R(from.a[i])) / height;
             a[i] = R(from.a[i]) + prestep * step[i];
-        }
+        });
     }
-    void advance(int rows, bool carriesAttributes) {
+    void advance(int rows) {
         x = static_cast<std::int32_t>(x + static_cast<std::int64_t>(slope) * rows);
-        if (!carriesAttributes) return;
-        for (int i = 0; i < attributeCount; ++i) a[i] += step[i] * R(rows);
+        if (attributes < 0) return;
+        eachAttribute(attributes, [&](int i) { a[i] += step[i] * R(rows); });
     }
 };
 
 // Walks one side from corner `at` to the next corner below it, skipping flat edges.
 // Returns the rows of the edge started, 0 when the next edge goes up: the side is done.
 template <class R>
-int nextEdge(const ScreenPolygon& p, int& at, int direction, Edge<R>& edge, bool carriesAttributes) {
+int nextEdge(const ScreenPolygon& p, int& at, int direction, Edge<R>& edge) {
     const int n = p.count;
     for (int tries = 0; tries < n; ++tries) {
         const int next = (at + direction + n) % n;
@@ -59,7 +65,7 @@ int nextEdge(const ScreenPolygon& p, int& at, int direction, Edge<R>& edge, bool
         const int from = at;
         at = next;
         if (rows > 0) {
-            edge.start(p.v[from], p.v[next], carriesAttributes);
+            edge.start(p.v[from], p.v[next]);
             return rows;
         }
     }
@@ -79,20 +85,21 @@ void walk(const ScreenPolygon& p, const float gradients[attributeCount], const C
     if (oneRow) return;
 
     Edge<R> left, right;
+    left.attributes = p.attributes;
     int leftAt = top, rightAt = top;
     int leftRows = 0, rightRows = 0;
     int row = p.v[top].row;
     SpanRow span;
     for (;;) {
-        if (leftRows == 0 && (leftRows = nextEdge(p, leftAt, +1, left, true)) == 0) return;
-        if (rightRows == 0 && (rightRows = nextEdge(p, rightAt, -1, right, false)) == 0) return;
+        if (leftRows == 0 && (leftRows = nextEdge(p, leftAt, +1, left)) == 0) return;
+        if (rightRows == 0 && (rightRows = nextEdge(p, rightAt, -1, right)) == 0) return;
         int run = std::min(leftRows, rightRows);
         leftRows -= run;
         rightRows -= run;
         if (row < 0) {  // rows above the target: stepped over at once
             const int skipped = std::min(run, -row);
-            left.advance(skipped, true);
-            right.advance(skipped, false);
+            left.advance(skipped);
+            right.advance(skipped);
             row += skipped;
             run -= skipped;
         }
@@ -112,13 +119,13 @@ void walk(const ScreenPolygon& p, const float gradients[attributeCount], const C
                     span.x = x0;
                     span.y = row;
                     span.width = x1 - x0;
-                    for (int i = 0; i < attributeCount; ++i)
-                        span.a[i] = static_cast<float>(left.a[i] + across * R(gradients[i]));
+                    eachAttribute(p.attributes,
+                                  [&](int i) { span.a[i] = static_cast<float>(left.a[i] + across * R(gradients[i])); });
                     sink.draw(sink.span, span);
                 }
             }
-            left.advance(1, true);
-            right.advance(1, false);
+            left.advance(1);
+            right.advance(1);
         }
     }
 }

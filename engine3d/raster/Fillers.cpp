@@ -7,7 +7,8 @@
 #include "core/Palette.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "engine3d/raster/EdgeWalk.hpp"
-#include "engine3d/raster/TexelFetch.hpp"
+#include "engine3d/raster/Span.hpp"
+#include "engine3d/raster/Texels.hpp"
 #include "script/Material.hpp"
 
 namespace vz::raster {
@@ -71,11 +72,19 @@ void attributesOf(FillerKind kind, const ProjectedVertex& v, const Material* m, 
     }
 }
 
+// How many of attributes 1-4 the kind's source reads.
+int attributesUsed(FillerKind kind) {
+    auto count = [](auto source) { return decltype(source)::attributes; };
+    return is8bit(kind) ? texels::withSource<std::uint8_t>(kind, count)
+                        : texels::withSource<std::uint32_t>(kind, count);
+}
+
 bool buildPolygon(const RenderContext& c, const VisibleFace& face, FillerKind kind, ScreenPolygon& p) {
     const std::size_t first = static_cast<std::size_t>(face.first);
     if (face.first < 0 || face.count < 2 || face.count > maxCorners || first + face.count > c.vertices.size())
         return false;
     p.count = face.count;
+    p.attributes = attributesUsed(kind);
     const Viewport& view = c.viewport;
     for (int k = 0; k < face.count; ++k) {
         const ProjectedVertex& v = c.vertices[first + k];
@@ -146,15 +155,12 @@ void paint(const RenderContext& c, P* target, const VisibleFace& face, FillerKin
     span.zword = c.zword;
     setSteps(span, gradients);
     span.source = sourceOf(kind, face);
-    if constexpr (sizeof(P) == 1) {
-        span.fetch = fetch8(kind);
+    if constexpr (sizeof(P) == 1)
         span.blend = chooseBlend8(rendu);
-    } else {
-        span.fetch = fetch32(kind);
+    else
         span.blend = chooseBlend32(rendu);
-    }
     const ClipRect clip{std::min(c.viewport.width, c.viewport.pitch), c.viewport.height};
-    scanConvert(polygon, gradients, clip, rowSink(span, depthModeOf(c, zMode)), c.lowQuality);
+    scanConvert(polygon, gradients, clip, rowSink(span, kind, depthModeOf(c, zMode)), c.lowQuality);
 }
 
 }  // namespace

@@ -16,6 +16,7 @@ struct ScreenVertex {
 
 struct ScreenPolygon {
     int count = 0;
+    int attributes = 4;  // attributes 1..this one vary over the polygon (and always the depth)
     ScreenVertex v[maxCorners];
 };
 

@@ -7,6 +7,8 @@
 // so that stepping wraps instead of overflowing; inner loops only add and shift.
 #include <cstdint>
 
+#include "engine3d/raster/Fillers.hpp"
+#include "engine3d/raster/Rounding.hpp"
 #include "engine3d/raster/ScreenPolygon.hpp"
 
 namespace vz::raster {
@@ -43,17 +45,18 @@ struct Span {
     std::uint32_t steps[4] = {};  // attributes 1-4 per pixel, 16.16
     std::uint32_t depthStep = 0;  // attribute 5 per pixel, 8.24
     TexelSource source;
-    // Writes n pixels' source colours to `out` and steps the attributes past them.
+    // Writes n pixels' source colours to `out` and steps the attributes past them (the
+    // blended spans).
     void (*fetch)(const Span& span, Attributes& at, P* out, int n) = nullptr;
     // Blends n source pixels onto the target; null when the source simply replaces
-    // the target, and the fetch then writes straight into it.
+    // the target, and the row loop then writes each texel straight into it.
     void (*blend)(P* target, const P* source, int n) = nullptr;
 };
 
 // 16.16 and 8.24 words of an attribute, rounded to the nearest and held in the signed
 // 32-bit range (NaN gives 0).
-std::uint32_t toFixed16(float v);
-std::uint32_t toDepth(float v);
+inline std::uint32_t toFixed16(float v) { return static_cast<std::uint32_t>(roundHeld(double(v) * 65536.0)); }
+inline std::uint32_t toDepth(float v) { return static_cast<std::uint32_t>(roundHeld(double(v) * 16777216.0)); }
 
 // Fills in the per-pixel steps from the polygon's gradients.
 template <class P>
@@ -73,8 +76,9 @@ Blend32 chooseBlend32(int rendu);
 using Blend8 = void (*)(std::uint8_t* target, const std::uint8_t* source, int n);
 Blend8 chooseBlend8(int rendu);
 
-// The loop that draws a row in a depth mode, as a RowSink over a Span<P>.
+// The loop that draws the rows of a filler kind in a depth mode, as a RowSink over the
+// span (whose blend must be chosen already; the fetch of a blended span is set here).
 template <class P>
-RowSink rowSink(const Span<P>& span, DepthMode mode);
+RowSink rowSink(Span<P>& span, FillerKind kind, DepthMode mode);
 
 }  // namespace vz::raster

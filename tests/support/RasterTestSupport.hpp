@@ -12,7 +12,7 @@
 namespace vz::test {
 
 struct Corner {
-    float x, y, depth = 0.5f, u = 0, v = 0, u2 = 0;
+    float x, y, depth = 0.5f, u = 0, v = 0, u2 = 0, r = 0x20, g = 0x40, b = 0x80;
 };
 
 struct Canvas {
@@ -38,6 +38,9 @@ struct Canvas {
             v.u = c.u;
             v.v = c.v;
             v.u2 = c.u2;
+            v.r = c.r;
+            v.g = c.g;
+            v.b = c.b;
             context.vertices.push_back(v);
         }
         context.faces.push_back({&material, material.id, flat, first, static_cast<int>(corners.size())});

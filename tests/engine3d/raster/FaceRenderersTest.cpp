@@ -84,6 +84,32 @@ TEST(FaceRenderers, IdsWithoutTheirOwnFillerPaintFlat) {
     }
 }
 
+TEST(FaceRenderers, KindsAndRendusGiveTheirColours) {
+    // Two pixels over 0x101010; a 2 x 1 map of 0 (or 0x80) and 0xFE; corners coloured 0x204080.
+    struct Case {
+        int id, rendu;
+        std::uint32_t firstTexel, expected0, expected1;
+    } cases[] = {
+        {6, 32, 0, 0x204080, 0x204080},     // gouraud: the corners' colour
+        {5, 16, 0x80, 0x41, 0x80},          // the pattern, then the flat 0x02 averaged over it
+        {0, 288, 0, 0x101010, 0xFE},        // sprite bit: the black texel is transparent
+        {0, 34, 0x80, 0x100F00, 0x100F00},  // sub through the general loop: the blue borrow costs green one
+    };
+    for (const Case& c : cases) {
+        Layer32bpp map(2, 1);
+        map.pixels[0] = c.firstTexel;
+        map.pixels[1] = 0xFE;
+        Canvas canvas(2, 1, false);
+        std::fill(canvas.pixels.begin(), canvas.pixels.end(), 0x101010);
+        Material m = material(c.id, c.rendu);
+        m.map32 = &map;
+        canvas.rectangle(m, 0, 0, 2, 1, 0x02, 0.5f, 0, 0, 2.0f / 256, 0);
+        drawPainter32(canvas.context);
+        EXPECT_EQ(canvas.at(0, 0), c.expected0) << c.id << " " << c.rendu;
+        EXPECT_EQ(canvas.at(1, 0), c.expected1) << c.id << " " << c.rendu;
+    }
+}
+
 TEST(FaceRenderers, SingleKindRendererIgnoresTheMaterialId) {
     Layer32bpp texture(1, 1);
     texture.pixels[0] = 0x55;
