@@ -15,21 +15,30 @@ namespace vz {
 
 namespace {
 
+// The symbol named by the next token, of kind T; the material keeps it alive.
+template <class T>
+T* take(Material& material, TextParser& parser, Repository& repository) {
+    const Symbol& symbol = *repository.aquire(parser.getTokenCopy());
+    T* data = &Repository::dataAs<T>(symbol);
+    material.kept.push_back(symbol.shared());
+    return data;
+}
+
 // Applies one key whose value is the rest of the parser's line; false for an unknown key.
 bool applyKey(Material& material, const char* key, TextParser& parser, Repository& repository) {
     auto is = [key](const char* text) { return std::strcmp(key, text) == 0; };
     if (is("color"))
         material.color = repository.aquireAs<Color>(parser.getTokenCopy()).value;
     else if (is("map32bpp"))
-        material.map32 = &repository.aquireAs<Layer32bpp>(parser.getTokenCopy());
+        material.map32 = take<Layer32bpp>(material, parser, repository);
     else if (is("map8bpp"))
-        material.map8 = &repository.aquireAs<Layer8bpp>(parser.getTokenCopy());
+        material.map8 = take<Layer8bpp>(material, parser, repository);
     else if (is("lightmap8bpp"))
-        material.lightmap8 = &repository.aquireAs<Layer8bpp>(parser.getTokenCopy());
+        material.lightmap8 = take<Layer8bpp>(material, parser, repository);
     else if (is("palette"))
-        material.palette = &repository.aquireAs<Palette>(parser.getTokenCopy());
+        material.palette = take<Palette>(material, parser, repository);
     else if (is("lut"))
-        material.lut = &repository.aquireAs<Layer32bpp>(parser.getTokenCopy());
+        material.lut = take<Layer32bpp>(material, parser, repository);
     else if (is("doubleface"))
         material.doubleFace = token2bool(parser.getToken());
     else if (is("id"))
@@ -62,6 +71,12 @@ std::unique_ptr<Material> Material::load(const std::string& fileName, Repository
         throw;
     }
     return material;
+}
+
+std::shared_ptr<Material> sharedMaterial(Repository& repository, const std::string& name) {
+    const Symbol& symbol = *repository.aquire(name);
+    Repository::dataAs<Material>(symbol);
+    return std::static_pointer_cast<Material>(symbol.shared());
 }
 
 namespace {

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/Resource.hpp"
 
@@ -27,17 +28,26 @@ public:
     // An unknown key is logged and its line skipped; a missing symbol is fatal.
     static std::unique_ptr<Material> load(const std::string& fileName, Repository& repository);
 
-    int rendu = 32;    // blend mode; bit 8 is the sprite flag
-    int reserved = 2;  // no key sets it; kept for the renderers with its default
-    int id = 4;        // rasterizer kind ("flatColor")
+    int rendu = 32;  // blend mode; bit 8 is the sprite flag
+    // How the z-buffer renderers treat the depth of this material's faces: 2 tests and
+    // writes, 0 tests only, 3 and 1 draw without the z-buffer. No key sets it.
+    int zMode = 2;
+    int id = 4;  // rasterizer kind ("flatColor")
     bool doubleFace = false;
     bool solid = true;
-    Layer32bpp* map32 = nullptr;  // borrowed from the repository
+    Layer32bpp* map32 = nullptr;  // the symbols' data, kept alive by `kept`
     Layer8bpp* map8 = nullptr;
     Layer8bpp* lightmap8 = nullptr;
     Layer32bpp* lut = nullptr;         // 256 x 256 light x colour table
     std::uint32_t color = 0x000000FF;  // copied from the colour symbol
     Palette* palette = nullptr;
+    // The layers, table and palette named by the file: they live at least as long as the
+    // material, even when a script drops their names.
+    std::vector<std::shared_ptr<Resource>> kept;
 };
+
+// The material declared under `name`, shared with the repository so that a mesh or a
+// component can keep it alive; a missing name or another kind is fatal.
+std::shared_ptr<Material> sharedMaterial(Repository& repository, const std::string& name);
 
 }  // namespace vz

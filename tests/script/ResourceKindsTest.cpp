@@ -101,7 +101,7 @@ TEST_F(ResourceKindsTest, FileKinds) {
 
 TEST_F(ResourceKindsTest, MaterialDefaultsAndTheSpriteFlagThatSurvivesOnlyAfterRendu) {
     auto material = materialFrom("# nothing\n");
-    EXPECT_EQ(std::vector<int>({material->rendu, material->reserved, material->id}), std::vector<int>({32, 2, 4}));
+    EXPECT_EQ(std::vector<int>({material->rendu, material->zMode, material->id}), std::vector<int>({32, 2, 4}));
     EXPECT_TRUE(material->solid && !material->doubleFace && !material->map32 && !material->palette);
     EXPECT_EQ(material->color, 0x000000FFu);
     EXPECT_EQ(materialFrom("sprite\nrendu add\n")->rendu, 33);
