@@ -20,7 +20,7 @@ class FlareCube32bpp : public Component {
 public:
     static constexpr float halfSide = 70;
     static constexpr int pointsPerEdge = 4;  // between the corners
-    static constexpr float cornerScale = 1.0f, edgeScale = 0.5f;
+    static constexpr float cornerScale = 0.75f, edgeScale = 0.35f;
 
     FlareCube32bpp(ComponentContext& in)
         : target_(in.symbol<Layer32bpp>()),

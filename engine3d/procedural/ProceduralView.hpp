@@ -12,8 +12,9 @@
 namespace vz {
 
 // Models are built about 100 units across their half size: at this distance and a field
-// of view of one radian they fill about three quarters of the target's height.
-constexpr double modelDistance = 256;
+// of view of one radian they fill about two thirds of a 4:3 target's height (the view
+// is as wide as the field of view, and narrower upward by the target's aspect).
+constexpr double modelDistance = 400;
 
 struct ModelPose {
     Mat3T<double> rotation;

@@ -103,7 +103,8 @@ TEST_F(Modifiers, EnvmapReadsTheNormalsInViewSpace) {
     component->run(0);
     EXPECT_NEAR(cube->vertices[7].u, 0.5f + k, 1e-6);
     EXPECT_NEAR(cube->vertices[7].v, 0.5f + k, 1e-6);
-    EXPECT_NEAR(cube->vertices[1].u, 0.5f - k, 1e-6);  // normal (1, -1, -1) turns to (-1, -1, -1)
+    EXPECT_NEAR(cube->vertices[0].u, 0.5f - k, 1e-6);  // normal -(1, 1, 1) turns to (-1, 1, -1)
+    EXPECT_NEAR(cube->vertices[0].v, 0.5f - k, 1e-6);
 }
 
 // A light far along -z: the cube's -z side faces it, the others are lit by the ambient

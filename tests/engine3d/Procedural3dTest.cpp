@@ -1,0 +1,108 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <numbers>
+
+#include "core/Zbuffer.hpp"
+#include "engine3d/Mesh3dTestSupport.hpp"
+#include "engine3d/procedural/Metaballs.hpp"
+#include "effects/rendu/BlendOperators.hpp"
+#include "engine3d/procedural/WireLines.hpp"
+#include "script/Material.hpp"
+#include "support/EffectTestSupport.hpp"
+
+namespace vz::test {
+namespace {
+
+// A 64 x 48 target and its z-buffer, a palette of distinct colours, a 9 x 9 flare (a
+// cross on black), a flat-coloured material and a cube painted with it.
+class Procedural3d : public EffectTest {
+protected:
+    Procedural3d() {
+        addLayer32("screen", 64, 48, grey(0x10));
+        add<Zbuffer>(std::make_unique<Zbuffer>(64, 48), "z");
+        add<Material>(std::make_unique<Material>(), "mat").color = 0x00C08040;
+        auto paint = std::make_shared<Material>();
+        paint->color = 0x00C08040;
+        add<Meshe>(cubeMesh(), "cube").bindAll(paint);
+        Palette& palette = addPalette("pal");
+        for (int i = 0; i < 256; ++i) palette.colors[i] = static_cast<std::uint32_t>(i) * 0x00010307u;
+        Layer32bpp& flare = addLayer32("flare", 9, 9);
+        for (int i = 0; i < 9; ++i) flare.row(4)[i] = flare.row(i)[4] = grey(0x40 + 0x10 * static_cast<std::uint32_t>(i));
+    }
+    Layer32bpp& screen() { return show.repository.aquireAs<Layer32bpp>("screen"); }
+};
+
+TEST_F(Procedural3d, EveryKeywordDrawsItsPinnedFrame) {
+    const std::pair<const char*, std::uint64_t> cases[] = {
+        {"wireframeFlower32bpp screen pal constVector3 0.4 0.9 0.2 constInt 32", 0},
+        {"wireframeADN32bpp screen pal constVector3 0.3 0.5 1.2 constInt 33", 0},
+        {"flareCube32bpp screen flare constVector3 0.5 0.7 0.1 constInt 33", 0},
+        {"lensflareSpline32bpp screen flare constVector3 60 -40 256 constInt 33", 0},
+        {"cubeOfCubes32bpp screen z cube constVector3 0.5 0.7 0.1", 0},
+        {"cubeOfCubesSinus32bpp screen z cube constVector3 0.5 0.7 0.1 constFloat 0.5", 0},
+        {"cubesDelay32bpp screen z cube constVector3 0.5 0.7 0.1 0.3", 0},
+        {"metaballs32bpp screen z mat constVector3 0 0 256", 0},
+    };
+    Zbuffer& z = show.repository.aquireAs<Zbuffer>("z");
+    for (const auto& [line, expected] : cases) {
+        std::fill_n(screen().pixels, screen().pixelCount(), grey(0x10));
+        z.advanceStamp();
+        make(line)->run(0.5f);
+        EXPECT_EQ(checksumOf(screen()), expected) << line;
+    }
+}
+
+// Lines draw every pixel between their ends once, ends on the far edges land on the last
+// column or row, and the blend mode (the per-pixel add, which drops each byte's low
+// bit) applies to each pixel.
+TEST_F(Procedural3d, LinesDrawEachPixelOnce) {
+    Layer32bpp& target = addLayer32("small", 6, 4);
+    LineBatch lines;
+    lines.add(0, 0, 6, 0, grey(0x12));      // along the top row, its end on the edge
+    lines.add(0, 1, 5, 3, grey(0x24));      // shallow: one pixel per column
+    lines.add(5.9f, 3.5f, 5.9f, 3.5f, 0x2);  // a single point
+    lines.draw(target, renduAdd);
+    EXPECT_EQ(textOf(target, [](std::uint32_t p) { return "._abcdefgh"[p & 0xF]; }), "aaaaaa|cc....|..cc..|....ce");
+}
+
+// One ball: the surface is the sphere where (1 - d^2 / r^2)^2 = 1/4, d = r / sqrt 2; the
+// triangles cover it once, their fronts facing out.
+TEST_F(Procedural3d, MetaballSurfaceOfOneBallIsItsSphere) {
+    const std::vector<Ball> balls{{{3, -2, 1}, 60}};
+    const float d = 60 / std::sqrt(2.0f);
+    MetaballSurface surface(32, 100, 20000);
+    auto mesh = makeMetaballMesh(20000);
+    surface.build(balls, *mesh, nullptr);
+    ASSERT_GT(mesh->faceCount, 0);
+    double area = 0;
+    for (const Face& face : mesh->faces) {
+        Vec3 p[3];
+        for (int c = 0; c < 3; ++c) p[c] = {face.corners[c]->x, face.corners[c]->y, face.corners[c]->z};
+        for (const Vec3& q : p) EXPECT_NEAR(std::sqrt(dot(q - balls[0].centre, q - balls[0].centre)), d, 0.9);
+        const Vec3 front = cross(p[2] - p[0], p[1] - p[0]);
+        EXPECT_GE(dot(front, (p[0] + p[1] + p[2]) * (1.0f / 3) - balls[0].centre), 0);
+        area += std::sqrt(dot(front, front)) / 2;
+    }
+    EXPECT_NEAR(area / (4 * std::numbers::pi * d * d), 1.0, 0.02);
+    EXPECT_EQ(mesh->vertexCount, 3 * mesh->faceCount);
+    MetaballSurface capped(32, 100, 100);
+    capped.build(balls, *mesh, nullptr);
+    EXPECT_EQ(mesh->faceCount, 100);
+}
+
+TEST_F(Procedural3d, BadParametersNameTheKeyword) {
+    add<Zbuffer>(std::make_unique<Zbuffer>(8, 8), "small");
+    const std::pair<const char*, const char*> cases[] = {
+        {"flareCube32bpp screen screen constVector3 0 0 0 constInt 33",
+         "flareCube32bpp : target and source must be different layers"},
+        {"wireframeADN32bpp screen flare constVector3 0 0 0 constInt 33", "Repository::aquire failure"},
+        {"cubesDelay32bpp screen z flare constVector3 0 0 0 1", "Repository::aquire failure"},
+        {"cubesDelay32bpp screen z cube constVector3 0 0 0 -2", "cubesDelay32bpp : delay -2 is not within 0 to 3600"},
+        {"metaballs32bpp screen small mat constVector3 0 0 256", "metaballs32bpp : the zbuffer is 8x8, the target is 64x48"},
+    };
+    for (const auto& [line, message] : cases) EXPECT_EQ(errorOf([&] { make(line); }), message) << line;
+}
+
+}  // namespace
+}  // namespace vz::test
