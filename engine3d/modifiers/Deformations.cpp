@@ -41,8 +41,8 @@ void morphPositions(Meshe& target, const Meshe& a, const Meshe& b, float f) {
     const std::size_t n = std::min({target.vertices.size(), a.vertices.size(), b.vertices.size()});
     for (std::size_t i = 0; i < n; ++i) {
         const Vertex &from = a.vertices[i], &to = b.vertices[i];
-        moveTo(target.vertices[i], {from.x + (to.x - from.x) * f, from.y + (to.y - from.y) * f,
-                                    from.z + (to.z - from.z) * f});
+        moveTo(target.vertices[i],
+               {from.x + (to.x - from.x) * f, from.y + (to.y - from.y) * f, from.z + (to.z - from.z) * f});
     }
 }
 
@@ -64,8 +64,8 @@ PoseShape shapeOf(const std::vector<Vec3>& pose) {
     return shape;
 }
 
-void blobPositions(Meshe& mesh, const std::vector<Vec3>& pose, const PoseShape& shape, float amplitude,
-                   float frequency, float t) {
+void blobPositions(Meshe& mesh, const std::vector<Vec3>& pose, const PoseShape& shape, float amplitude, float frequency,
+                   float t) {
     const float wavesPerUnit = shape.meanRadius > 0 ? 2 * std::numbers::pi_v<float> * frequency / shape.meanRadius : 0;
     // Three paces that never line up, so the drop does not pulse as a whole.
     const float phaseX = 2.1f * t, phaseY = 1.7f * t, phaseZ = 1.3f * t;

@@ -32,8 +32,8 @@ PoseShape shapeOf(const std::vector<Vec3>& pose);
 // Every vertex pushed out from the centre by 1 + amplitude w, where w (-1..1) is the mean
 // of three sine waves along the axes, `frequency` waves across the pose's mean radius,
 // drifting with the time t at their own paces: a wobbling drop.
-void blobPositions(Meshe& mesh, const std::vector<Vec3>& pose, const PoseShape& shape, float amplitude,
-                   float frequency, float t);
+void blobPositions(Meshe& mesh, const std::vector<Vec3>& pose, const PoseShape& shape, float amplitude, float frequency,
+                   float t);
 
 // Every vertex moved the fraction f (held in 0..1) of the way to the sphere of the pose's
 // mean radius about its centre, along its direction from the centre.

@@ -106,7 +106,8 @@ std::vector<std::uint32_t> vertexBaseColours(const Meshe& mesh) {
     std::vector<std::uint32_t> colours(mesh.vertices.size(), 0xFFFFFFu);
     // Walked backwards so that the first face using a vertex has the last word.
     for (std::size_t f = mesh.faces.size(); f-- > 0;)
-        for (int i = 0; i < 3; ++i) colours[static_cast<std::size_t>(mesh.indexOf(mesh.faces[f].corners[i]))] = faceColours[f];
+        for (int i = 0; i < 3; ++i)
+            colours[static_cast<std::size_t>(mesh.indexOf(mesh.faces[f].corners[i]))] = faceColours[f];
     return colours;
 }
 

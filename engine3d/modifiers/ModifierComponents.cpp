@@ -21,7 +21,9 @@ namespace vz {
 class MorphingModel : public Component {
 public:
     MorphingModel(ComponentContext& in)
-        : target_(in.symbol<Meshe>()), from_(in.symbol<Meshe>()), to_(in.symbol<Meshe>()),
+        : target_(in.symbol<Meshe>()),
+          from_(in.symbol<Meshe>()),
+          to_(in.symbol<Meshe>()),
           blend_(in.symbol<KeytrackFloat>()) {
         for (const auto& [role, source] : {std::pair{"source1", &from_}, std::pair{"source2", &to_}})
             if (source->vertexCount != target_.vertexCount)
@@ -56,7 +58,8 @@ protected:
 class BlobbyModel : public PoseModifier {
 public:
     BlobbyModel(ComponentContext& in)
-        : PoseModifier(in.symbol<Meshe>()), amplitude_(in.symbol<KeytrackFloat>()),
+        : PoseModifier(in.symbol<Meshe>()),
+          amplitude_(in.symbol<KeytrackFloat>()),
           frequency_(in.symbol<KeytrackFloat>()) {}
 
     void run(float t) override {
@@ -86,8 +89,10 @@ private:
 class DelayModel : public PoseModifier {
 public:
     DelayModel(ComponentContext& in)
-        : PoseModifier(in.symbol<Meshe>()), rotation_(in.symbol<KeytrackVector3>()),
-          delay_(in.realWithin("delay", 0, 3600)), heights_(pose_) {}
+        : PoseModifier(in.symbol<Meshe>()),
+          rotation_(in.symbol<KeytrackVector3>()),
+          delay_(in.realWithin("delay", 0, 3600)),
+          heights_(pose_) {}
 
     void run(float t) override {
         heights_.apply(mesh_, pose_, t, delay_, [&](float at) { return finiteVec3(rotation_.sample(at)); });

@@ -68,7 +68,8 @@ protected:
         for (int k = 0; k < side; ++k)
             for (int j = 0; j < side; ++j)
                 for (int i = 0; i < side; ++i) {
-                    const float wave = std::sin(2 * std::numbers::pi_v<float> * static_cast<float>(i + k) / side + 3 * t);
+                    const float wave =
+                        std::sin(2 * std::numbers::pi_v<float> * static_cast<float>(i + k) / side + 3 * t);
                     const Vec3 cell{(i - half) * pitch, (j - half + amplitude * wave) * pitch, (k - half) * pitch};
                     copies_.add(turn, turn * cell + ahead, scale);
                 }

@@ -1,9 +1,9 @@
 // Metaballs: five blobs wandering on paths of their own within a box 200 units across,
 // their merged surface rebuilt every frame and painted with a material through the
 // z-buffer renderer, the whole placed by a position track (the default camera's space:
-// 0 0 400 is straight ahead, as far as the other procedural models). Every corner carries an environment mapping (u, v) and
-// gouraud lighting (third mapping value and colour) of the material's colour, so any
-// material kind shows the blobs shaded.
+// 0 0 400 is straight ahead, as far as the other procedural models). Every corner carries an environment mapping (u, v)
+// and gouraud lighting (third mapping value and colour) of the material's colour, so any material kind shows the blobs
+// shaded.
 #include <array>
 #include <cmath>
 #include <memory>
@@ -12,8 +12,8 @@
 #include "core/Zbuffer.hpp"
 #include "engine3d/EngineSettings.hpp"
 #include "engine3d/TrackValues.hpp"
-#include "engine3d/procedural/MeshCopies.hpp"
 #include "engine3d/modifiers/Lighting.hpp"
+#include "engine3d/procedural/MeshCopies.hpp"
 #include "engine3d/procedural/Metaballs.hpp"
 #include "script/Component.hpp"
 #include "script/ComponentContext.hpp"

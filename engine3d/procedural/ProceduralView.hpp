@@ -33,10 +33,4 @@ inline Vec3T<double> seenBy(const CameraView& camera, const Vec3T<double>& world
     return camera.basis * (world - camera.position);
 }
 
-// A projected point in the target's pixels.
-inline void toPixels(const Viewport& viewport, const ProjectedPoint& p, float& x, float& y) {
-    x = p.px * viewport.scaleX + viewport.centreX;
-    y = p.py * viewport.scaleY + viewport.centreY;
-}
-
 }  // namespace vz

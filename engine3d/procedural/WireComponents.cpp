@@ -6,7 +6,6 @@
 #include "effects/rendu/RenduTrack.hpp"
 #include "engine3d/EngineSettings.hpp"
 #include "engine3d/procedural/ProceduralView.hpp"
-#include "engine3d/procedural/WireLines.hpp"
 #include "engine3d/procedural/WireModel.hpp"
 #include "script/Component.hpp"
 #include "script/ComponentContext.hpp"
@@ -27,9 +26,8 @@ public:
 
     void run(float t) override {
         beginProceduralFrame(context_, settings_, target_);
-        lines_.clear();
-        addWires(context_, model_, poseFromAngles(rotation_.sample(t)), palette_, cameraSpace_, lines_);
-        lines_.draw(target_, sampleRendu(rendu_, t));
+        drawWires(context_, model_, poseFromAngles(rotation_.sample(t)), palette_, sampleRendu(rendu_, t), cameraSpace_,
+                  target_);
     }
 
 private:
@@ -41,7 +39,6 @@ private:
     const WireModel model_;
     RenderContext context_;
     std::vector<Vec3T<double>> cameraSpace_;
-    LineBatch lines_;
 };
 
 class WireframeFlower32bpp : public WireframeShape {

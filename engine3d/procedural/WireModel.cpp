@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "engine3d/WireframeDrawing.hpp"
+
 namespace vz {
 
 namespace {
@@ -25,8 +27,8 @@ WireModel flowerWires() {
             const float angle = turn * static_cast<float>(i) / samples;
             const float r = radius * std::fabs(std::cos(petals * angle / 2));
             const float reach = r / radius;  // 0 at the heart, 1 at a tip
-            const int point = model.add({r * std::cos(angle + twist), -20.0f + 40.0f * reach * reach + lift,
-                                         r * std::sin(angle + twist)});
+            const int point = model.add(
+                {r * std::cos(angle + twist), -20.0f + 40.0f * reach * reach + lift, r * std::sin(angle + twist)});
             if (previous >= 0) model.link(previous, point, paletteIndex(reach));
             if (first < 0) first = point;
             previous = point;
@@ -68,22 +70,19 @@ WireModel helixWires() {
     return model;
 }
 
-void addWires(const RenderContext& context, const WireModel& model, const ModelPose& pose, const Palette& palette,
-              std::vector<Vec3T<double>>& cameraSpace, LineBatch& lines) {
-    const CameraView& camera = context.camera;
+void drawWires(const RenderContext& context, const WireModel& model, const ModelPose& pose, const Palette& palette,
+               int rendu, std::vector<Vec3T<double>>& cameraSpace, Layer32bpp& target) {
     cameraSpace.resize(model.points.size());
     for (std::size_t i = 0; i < model.points.size(); ++i)
-        cameraSpace[i] = seenBy(camera, pose(model.points[i]));
-    for (const WireModel::Wire& wire : model.wires) {
-        ProjectedPoint a, b;
-        if (!projectSegment(context, cameraSpace[static_cast<std::size_t>(wire.from)],
-                            cameraSpace[static_cast<std::size_t>(wire.to)], a, b))
-            continue;
-        float x0, y0, x1, y1;
-        toPixels(context.viewport, a, x0, y0);
-        toPixels(context.viewport, b, x1, y1);
-        lines.add(x0, y0, x1, y1, palette.colors[wire.colour]);
-    }
+        cameraSpace[i] = seenBy(context.camera, pose(model.points[i]));
+    withRendu(rendu, [&](auto r) {
+        for (const WireModel::Wire& wire : model.wires) {
+            ProjectedPoint a, b;
+            if (projectSegment(context, cameraSpace[static_cast<std::size_t>(wire.from)],
+                               cameraSpace[static_cast<std::size_t>(wire.to)], a, b))
+                drawProjectedLine<decltype(r)::value>(target, context.viewport, a, b, palette.colors[wire.colour]);
+        }
+    });
 }
 
 }  // namespace vz

@@ -8,7 +8,6 @@
 #include "core/Palette.hpp"
 #include "engine3d/RenderContext.hpp"
 #include "engine3d/procedural/ProceduralView.hpp"
-#include "engine3d/procedural/WireLines.hpp"
 
 namespace vz {
 
@@ -36,10 +35,10 @@ WireModel flowerWires();
 // from bottom to top.
 WireModel helixWires();
 
-// Every wire of the model, turned and placed by `pose`, seen by the frame's camera: what
-// is left after clipping is appended to `lines` in the palette's colours. `cameraSpace`
-// is working room kept between frames.
-void addWires(const RenderContext& context, const WireModel& model, const ModelPose& pose, const Palette& palette,
-              std::vector<Vec3T<double>>& cameraSpace, LineBatch& lines);
+// Every wire of the model, turned and placed by `pose`, seen by the frame's camera and
+// clipped, drawn in the palette's colours through the rendu operator (chosen once, as
+// the mesh players' wireframe does). `cameraSpace` is working room kept between frames.
+void drawWires(const RenderContext& context, const WireModel& model, const ModelPose& pose, const Palette& palette,
+               int rendu, std::vector<Vec3T<double>>& cameraSpace, Layer32bpp& target);
 
 }  // namespace vz

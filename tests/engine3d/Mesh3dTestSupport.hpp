@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "engine3d/Meshe.hpp"
 #include "engine3d/MeshPreparation.hpp"
+#include "engine3d/Meshe.hpp"
 
 namespace vz::test {
 
@@ -29,8 +29,18 @@ inline std::unique_ptr<Meshe> cubeMesh() {
     std::vector<Vec3> corners;
     for (int i = 0; i < 8; ++i) corners.push_back({i & 1 ? 1.0f : -1.0f, i & 2 ? 1.0f : -1.0f, i & 4 ? 1.0f : -1.0f});
     // Two triangles a side, wound so that (c - a) x (b - a) points out.
-    return meshOf(corners, {{0, 1, 2}, {1, 3, 2}, {4, 6, 5}, {5, 6, 7}, {0, 4, 1}, {1, 4, 5},
-                            {2, 3, 6}, {3, 7, 6}, {0, 2, 4}, {2, 6, 4}, {1, 5, 3}, {3, 5, 7}});
+    return meshOf(corners, {{0, 1, 2},
+                            {1, 3, 2},
+                            {4, 6, 5},
+                            {5, 6, 7},
+                            {0, 4, 1},
+                            {1, 4, 5},
+                            {2, 3, 6},
+                            {3, 7, 6},
+                            {0, 2, 4},
+                            {2, 6, 4},
+                            {1, 5, 3},
+                            {3, 5, 7}});
 }
 
 }  // namespace vz::test

@@ -3,9 +3,9 @@
 #include <cmath>
 #include <numbers>
 
+#include "engine3d/Mesh3dTestSupport.hpp"
 #include "engine3d/Transform.hpp"
 #include "engine3d/modifiers/Lighting.hpp"
-#include "engine3d/Mesh3dTestSupport.hpp"
 #include "script/Keytrack.hpp"
 #include "support/EffectTestSupport.hpp"
 
