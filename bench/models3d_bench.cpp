@@ -89,8 +89,8 @@ void BM_MetaballSurface(benchmark::State& state) {
     const int points = static_cast<int>(state.range(0));
     vz::MetaballSurface surface(points, 100, 20000);
     auto mesh = vz::makeMetaballMesh(20000);
-    const std::vector<vz::Ball> balls{{{31, -20, 12}, 55}, {{-40, 25, 30}, 55}, {{10, 38, -35}, 55},
-                                      {{-15, -42, -5}, 55}, {{44, 5, -28}, 55}};
+    const std::vector<vz::Ball> balls{
+        {{31, -20, 12}, 55}, {{-40, 25, 30}, 55}, {{10, 38, -35}, 55}, {{-15, -42, -5}, 55}, {{44, 5, -28}, 55}};
     for (auto _ : state) {
         surface.build(balls, *mesh, nullptr);
         benchmark::DoNotOptimize(mesh->faceCount);

@@ -14,26 +14,48 @@
 
 namespace vz {
 
+// Both kinds read a target, a sprite, a three-value track and a rendu track, and start
+// each frame with the default camera on the target.
+class FlareComponent : public Component {
+protected:
+    explicit FlareComponent(ComponentContext& in)
+        : target_(in.symbol<Layer32bpp>()),
+          sprite_(in.symbol<Layer32bpp>()),
+          track_(in.symbol<KeytrackVector3>()),
+          rendu_(in.symbol<KeytrackInt>()),
+          settings_(in.show().settings<EngineSettings>()) {
+        in.requireDistinct(target_, sprite_);
+    }
+    // The frame's track value and rendu, the camera set on the target.
+    Vector3 begin(float t, int& rendu) {
+        beginProceduralFrame(context_, settings_, target_);
+        rendu = sampleRendu(rendu_, t);
+        return track_.sample(t);
+    }
+
+    Layer32bpp& target_;
+    const Layer32bpp& sprite_;
+    RenderContext context_;
+
+private:
+    KeytrackVector3& track_;
+    KeytrackInt& rendu_;
+    const EngineSettings& settings_;
+};
+
 // A cube turned by the rotation track, a flare at each corner and smaller ones along its
 // edges.
-class FlareCube32bpp : public Component {
+class FlareCube32bpp : public FlareComponent {
 public:
     static constexpr float halfSide = 70;
     static constexpr int pointsPerEdge = 4;  // between the corners
     static constexpr float cornerScale = 0.75f, edgeScale = 0.35f;
 
-    FlareCube32bpp(ComponentContext& in)
-        : target_(in.symbol<Layer32bpp>()),
-          sprite_(in.symbol<Layer32bpp>()),
-          rotation_(in.symbol<KeytrackVector3>()),
-          rendu_(in.symbol<KeytrackInt>()),
-          settings_(in.show().settings<EngineSettings>()) {
-        in.requireDistinct(target_, sprite_);
-    }
+    FlareCube32bpp(ComponentContext& in) : FlareComponent(in) {}
 
     void run(float t) override {
-        beginProceduralFrame(context_, settings_, target_);
-        const ModelPose pose = poseFromAngles(rotation_.sample(t));
+        int rendu;
+        const ModelPose pose = poseFromAngles(begin(t, rendu));
         points_.clear();
         for (int corner = 0; corner < 8; ++corner) {
             const Vec3 from = cornerAt(corner);
@@ -46,7 +68,7 @@ public:
                     points_.add(pose(from + (to - from) * (static_cast<float>(k) / (pointsPerEdge + 1))), edgeScale);
             }
         }
-        points_.draw(context_, target_, sprite_, sampleRendu(rendu_, t));
+        points_.draw(context_, target_, sprite_, rendu);
     }
 
 private:
@@ -55,20 +77,14 @@ private:
         return {bits & 1 ? halfSide : -halfSide, bits & 2 ? halfSide : -halfSide, bits & 4 ? halfSide : -halfSide};
     }
 
-    Layer32bpp& target_;
-    const Layer32bpp& sprite_;
-    KeytrackVector3& rotation_;
-    KeytrackInt& rendu_;
-    const EngineSettings& settings_;
-    RenderContext context_;
     FlarePoints points_;
 };
 
-// A light at the tracked position (space of the default camera: (0, 0, 256) is straight
+// A light at the tracked position (space of the default camera: (0, 0, 400) is straight
 // ahead), its sprite at the light and ghosts strung along the line from the light
 // through the centre of the target, as a lens shows a bright light. Give the track
 // spline interpolation and the light follows a smooth path.
-class LensflareSpline32bpp : public Component {
+class LensflareSpline32bpp : public FlareComponent {
 public:
     struct Ghost {
         float along;  // 1 at the light, 0 at the centre, -1 mirrored through it
@@ -77,34 +93,18 @@ public:
     static constexpr std::array<Ghost, 7> ghosts{
         {{1.0f, 1.0f}, {0.55f, 0.25f}, {0.25f, 0.4f}, {-0.15f, 0.2f}, {-0.4f, 0.5f}, {-0.7f, 0.3f}, {-1.0f, 0.7f}}};
 
-    LensflareSpline32bpp(ComponentContext& in)
-        : target_(in.symbol<Layer32bpp>()),
-          sprite_(in.symbol<Layer32bpp>()),
-          position_(in.symbol<KeytrackVector3>()),
-          rendu_(in.symbol<KeytrackInt>()),
-          settings_(in.show().settings<EngineSettings>()) {
-        in.requireDistinct(target_, sprite_);
-    }
+    LensflareSpline32bpp(ComponentContext& in) : FlareComponent(in) {}
 
     void run(float t) override {
-        beginProceduralFrame(context_, settings_, target_);
-        const Vec3 light = finiteVec3(position_.sample(t));
+        int rendu;
+        const Vec3 light = finiteVec3(begin(t, rendu));
         const CameraView& camera = context_.camera;
         const Vec3T<double> seen = seenBy(camera, static_cast<Vec3T<double>>(light));
         if (!(seen.z >= nearPlane)) return;  // behind the camera: no flare
         const ProjectedPoint at = project(camera, seen);
-        const int rendu = sampleRendu(rendu_, t);
         for (const Ghost& ghost : ghosts)
             drawFlare(target_, sprite_, at.px * ghost.along, at.py * ghost.along, ghost.scale, rendu);
     }
-
-private:
-    Layer32bpp& target_;
-    const Layer32bpp& sprite_;
-    KeytrackVector3& position_;
-    KeytrackInt& rendu_;
-    const EngineSettings& settings_;
-    RenderContext context_;
 };
 
 VZ_COMPONENT("flareCube32bpp", FlareCube32bpp)

@@ -71,6 +71,29 @@ TEST_F(Modifiers, DeformersStartFromTheOriginalShapeEveryFrame) {
     }
 }
 
+// With no waves across the mesh (frequency 0) the drop swells as a whole: every vertex
+// moves out from the centre by 1 + amplitude x the mean of the three drifting sines.
+TEST_F(Modifiers, BlobbySwellsByTheMeanOfItsWaves) {
+    make("blobbyModel cube constFloat 0.3 constFloat 0")->run(2);
+    const float wave = (std::sin(2.1f * 2) + std::sin(1.7f * 2) + std::sin(1.3f * 2)) / 3;
+    for (const Vec3& p : positions(*cube)) EXPECT_NEAR(std::sqrt(dot(p, p)), std::sqrt(3.0f) * (1 + 0.3f * wave), 1e-5);
+}
+
+// Track values that are not numbers read 0: the mesh keeps finite positions and values.
+TEST_F(Modifiers, TracksThatAreNotNumbersLeaveTheMeshFinite) {
+    for (const char* line :
+         {"blobbyModel cube constFloat nan constFloat inf", "spherifyCubeModel cube constFloat nan",
+          "delayModel cube constVector3 nan 0 inf 1", "morphingModel morphed cube big constFloat nan",
+          "phongModel cube constVector3 nan nan nan", "lightGouraudModel cube constVector3 inf 0 0",
+          "lightFlatModel cube constVector3 0 nan 0"}) {
+        make(line)->run(1);
+        for (const char* name : {"cube", "morphed"})
+            for (const Vertex& v : mesh(name).vertices)
+                for (float value : {v.x, v.y, v.z, v.u, v.v, v.u2, v.v2, v.r, v.g, v.b})
+                    EXPECT_TRUE(std::isfinite(value)) << line;
+    }
+}
+
 TEST_F(Modifiers, SpherifyMovesTowardTheMeanRadius) {
     auto component = make("spherifyCubeModel star constFloat 0.5");
     component->run(0);

@@ -5,6 +5,7 @@
 
 #include "core/Zbuffer.hpp"
 #include "engine3d/Mesh3dTestSupport.hpp"
+#include "engine3d/Transform.hpp"
 #include "engine3d/procedural/Metaballs.hpp"
 #include "script/Material.hpp"
 #include "support/EffectTestSupport.hpp"
@@ -37,6 +38,7 @@ TEST_F(Procedural3d, EveryKeywordDrawsItsPinnedFrame) {
         {"wireframeFlower32bpp screen pal constVector3 0.4 0.9 0.2 constInt 32", 18314913140730198039ull},
         {"wireframeADN32bpp screen pal constVector3 0.3 0.5 1.2 constInt 33", 4453929464172817121ull},
         {"flareCube32bpp screen flare constVector3 0.5 0.7 0.1 constInt 33", 12107201561041673656ull},
+        {"flareCube32bpp screen flare constVector3 0.5 0.7 0.1 constInt 32", 17082616944467067843ull},  // near over far
         {"lensflareSpline32bpp screen flare constVector3 60 -40 256 constInt 33", 6394773579340176611ull},
         {"cubeOfCubes32bpp screen z cube constVector3 0.5 0.7 0.1", 4861224863217307891ull},
         {"cubeOfCubesSinus32bpp screen z cube constVector3 0.5 0.7 0.1 constFloat 0.5", 17440464320295634179ull},
@@ -75,6 +77,24 @@ TEST_F(Procedural3d, MetaballSurfaceOfOneBallIsItsSphere) {
     MetaballSurface capped(32, 100, 100);
     capped.build(balls, *mesh, nullptr);
     EXPECT_EQ(mesh->faceCount, 100);
+}
+
+// The copies of a mesh leave its own placement as they found it, for the players that
+// draw it too; a light behind the camera shows no flare.
+TEST_F(Procedural3d, CopiesRestoreTheMeshAndHiddenLightsDrawNothing) {
+    Meshe& cube = show.repository.aquireAs<Meshe>("cube");
+    cube.position = {1, 2, 3};
+    cube.setUniformScale(4);
+    cube.rotation = rotationFromAngles(0.1f, 0.2f, 0.3f);
+    const Mat3 rotation = cube.rotation;
+    make("cubesDelay32bpp screen z cube constVector3 0.5 0.7 0.1 0.3")->run(1);
+    EXPECT_EQ(cube.position.z, 3);
+    EXPECT_EQ(cube.scale.x, 4);
+    EXPECT_EQ(cube.inverseScale.y, 0.25f);
+    EXPECT_EQ(cube.rotation.rows[2].x, rotation.rows[2].x);
+    std::fill_n(screen().pixels, screen().pixelCount(), grey(0x10));
+    make("lensflareSpline32bpp screen flare constVector3 0 0 -100 constInt 33")->run(0);
+    EXPECT_EQ(checksumOf(screen()), checksumOf(addLayer32("plain", 64, 48, grey(0x10))));
 }
 
 TEST_F(Procedural3d, BadParametersNameTheKeyword) {
