@@ -47,8 +47,6 @@ public:
     static constexpr int levels = 256;
 
     explicit HeightDelay(const std::vector<Vec3>& pose);
-    // The band of each vertex, made once.
-    const std::vector<int>& bands() const { return bands_; }
     // Turns every vertex of the pose about the object's origin by its band's rotation.
     template <class AnglesAt>
     void apply(Meshe& mesh, const std::vector<Vec3>& pose, float t, float delay, AnglesAt&& anglesAt) {

@@ -18,7 +18,6 @@ public:
     // Sorts the points far to near as the frame's camera sees them, and draws those in
     // front of its near plane.
     void draw(const RenderContext& context, Layer32bpp& target, const Layer32bpp& sprite, int rendu);
-    int size() const { return static_cast<int>(points_.size()); }
 
 private:
     struct Point {

@@ -40,9 +40,6 @@ public:
     // they were given, so nothing is allocated after the first frames.
     void build(const std::vector<Ball>& balls, Meshe& mesh, Material* material);
 
-    int points() const { return points_; }
-    int maxFaces() const { return maxFaces_; }
-
 private:
     void sample(const std::vector<Ball>& balls);
     Vec3 gridPoint(int i, int j, int k) const;
