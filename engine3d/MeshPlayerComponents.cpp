@@ -145,14 +145,15 @@ public:
 // single-kind renderer.
 class MultiPassPlayer : public Component {
 protected:
-    explicit MultiPassPlayer(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), stage_(in, in.symbol<Meshe>()) {
-        const Meshe& mesh = stage_.mesh;
-        kind_ = mesh.faces.empty() ? raster::FillerKind::flat32 : raster::kindFor32(mesh.faces[0].materialId);
-    }
+    explicit MultiPassPlayer(ComponentContext& in) : target_(in.symbol<Layer32bpp>()), stage_(in, in.symbol<Meshe>()) {}
 
     // Each pass: the mesh as `setUp(k)` leaves it, drawn and accumulated.
     template <class SetUp>
     void drawPasses(float localTime, SetUp&& setUp) {
+        // Taken every frame: "linkMaterial" may have rebound the faces since the last one.
+        const Meshe& mesh = stage_.mesh;
+        const raster::FillerKind kind =
+            mesh.faces.empty() ? raster::FillerKind::flat32 : raster::kindFor32(mesh.faces[0].materialId);
         passes_.begin(target_);
         for (int k = 0; k < 8; ++k) {
             setUp(k);
@@ -162,7 +163,7 @@ protected:
             c.target32 = pass.pixels;
             c.target8 = nullptr;
             c.zbuffer = nullptr;
-            raster::drawSingleKind32(c, kind_);
+            raster::drawSingleKind32(c, kind);
             passes_.accumulate();
         }
         passes_.combineInto(target_);
@@ -179,7 +180,6 @@ protected:
 
     Layer32bpp& target_;
     MeshStage stage_;
-    raster::FillerKind kind_;
     PassAccumulator passes_;
 };
 

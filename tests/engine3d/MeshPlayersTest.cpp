@@ -91,14 +91,38 @@ TEST_F(MeshPlayersTest, FacePlayersDrawTheSquareFlatInTheMaterialColour) {
     }
 }
 
+TEST_F(MeshPlayersTest, ZbufferPlayersSharingABufferHideTheFartherWhicheverDrawsLast) {
+    Layer32bpp& screen = addLayer32("screen", 64, 40);
+    add<Zbuffer>(std::make_unique<Zbuffer>(64, 40), "depth");
+    test::writeFile("red.txt", "color red\n");
+    addColor("red", 0x00FF0000);
+    add<Material>(Material::load("red.txt", show.repository), "redflat");
+    test::writeFile("near.asc", square);
+    auto near = GenModels::loadModel("near.asc", sharedMaterial(show.repository, "redflat"));
+    add<Meshe>(std::move(near), "near");
+    // The red square stands nearer (200) and smaller (scale 0.5) than the other one (256).
+    auto nearPlayer =
+        make("meshePlayerZbuffer32bpp screen depth near constVector3 0 0 200 constVector3 0 0 0 constFloat 0.5");
+    auto farPlayer = make("meshePlayerZbuffer32bpp screen depth square" + tracks);
+    nearPlayer->run(0);
+    farPlayer->run(0);
+    const std::uint32_t centre = screen.row(20)[32], corner = screen.row(12)[24];
+    EXPECT_EQ(centre, 0x00FF0000u);
+    EXPECT_EQ(corner, 0x00C08040u);
+}
+
 TEST_F(MeshPlayersTest, AntialiasWithoutScateringAddsEightEighthsOfTheSamePicture) {
     Layer32bpp& screen = addLayer32("screen", 64, 40);
     make("meshePlayerPainter32bpp screen square" + tracks)->run(0);
     test::Pixels painted = test::pixelsOf(screen);
     for (std::uint32_t& p : painted) p = (p & 0xF8F8F8u) + 0x010101u;
-    std::fill_n(screen.pixels, screen.pixelCount(), 0x010101u);
-    make("meshePlayerAntialias32bpp screen square constFloat 0" + tracks)->run(0);
-    EXPECT_EQ(test::pixelsOf(screen), painted);
+    // Depth of field with the object in focus: no scatering either.
+    for (const char* player : {"meshePlayerAntialias32bpp screen square constFloat 0",
+                               "meshePlayerDOF32bpp screen square constFloat 256 5 5"}) {
+        std::fill_n(screen.pixels, screen.pixelCount(), 0x010101u);
+        make(player + tracks)->run(0);
+        EXPECT_EQ(test::pixelsOf(screen), painted) << player;
+    }
 }
 
 TEST_F(MeshPlayersTest, MultiPassPlayersByChecksum) {

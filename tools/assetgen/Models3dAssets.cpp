@@ -137,10 +137,10 @@ void addModels3dAssets(AssetList& assets) {
                                                    })))});
     assets.push_back({"phong_spot.pcx", writers::encodePcx(makePhongSpot())});
     const std::pair<const char*, const char*> texts[] = {
-        {"mat_flat.txt", "color m3gold\nid flatColor\n"},
-        {"mat_gouraud.txt", "color m3blue\nid gouraud32bpp\n"},
-        {"mat_texture.txt", "map32bpp m3tiles\nid texture32bpp\n"},
-        {"mat_phong.txt", "map8bpp m3plasma\nlightmap8bpp m3spot\npalette m3plasmapal\nid dualTexture8bpp\n"},
+        {"mat_m3flat.txt", "color m3gold\nid flatColor\n"},
+        {"mat_m3gouraud.txt", "color m3blue\nid gouraud32bpp\n"},
+        {"mat_m3texture.txt", "map32bpp m3tiles\nid texture32bpp\n"},
+        {"mat_m3phong.txt", "map8bpp m3plasma\nlightmap8bpp m3spot\npalette m3plasmapal\nid dualTexture8bpp\n"},
         {"model_spin.txt",
          "# vector3: three angles in radians, turning at three paces\nlinear 2 1.000\n"
          "0.000 0.000 0.000 0.000\n6.283 12.566 3.142 10.000\n"},
