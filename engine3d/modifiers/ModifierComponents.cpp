@@ -25,6 +25,8 @@ public:
           from_(in.symbol<Meshe>()),
           to_(in.symbol<Meshe>()),
           blend_(in.symbol<KeytrackFloat>()) {
+        // A target that is also a source would be moved from where the last frame left it.
+        if (&target_ == &from_ || &target_ == &to_) in.fail("the target cannot be one of its sources");
         for (const auto& [role, source] : {std::pair{"source1", &from_}, std::pair{"source2", &to_}})
             if (source->vertexCount != target_.vertexCount)
                 in.fail(std::string(role) + " has " + std::to_string(source->vertexCount) + " vertices, the target " +

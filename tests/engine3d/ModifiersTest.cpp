@@ -166,6 +166,7 @@ TEST_F(Modifiers, BadParametersNameTheKeyword) {
     addPalette("pal");
     const std::pair<const char*, const char*> cases[] = {
         {"morphingModel morphed cube star constFloat 0", "morphingModel : source2 has 6 vertices, the target 8"},
+        {"morphingModel cube cube big constFloat 0", "morphingModel : the target cannot be one of its sources"},
         {"envmapModel nothing", "Repository::aquire failure"},
         {"phongModel pal constVector3 0 0 0", "Repository::aquire failure"},
         {"delayModel cube spin -1", "delayModel : delay -1 is not within 0 to 3600"},
