@@ -1,9 +1,11 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <numbers>
 
 #include "core/Zbuffer.hpp"
+#include "engine3d/EngineSettings.hpp"
 #include "engine3d/Mesh3dTestSupport.hpp"
 #include "engine3d/Transform.hpp"
 #include "engine3d/procedural/Metaballs.hpp"
@@ -95,6 +97,18 @@ TEST_F(Procedural3d, CopiesRestoreTheMeshAndHiddenLightsDrawNothing) {
     std::fill_n(screen().pixels, screen().pixelCount(), grey(0x10));
     make("lensflareSpline32bpp screen flare constVector3 0 0 -100 constInt 33")->run(0);
     EXPECT_EQ(checksumOf(screen()), checksumOf(addLayer32("plain", 64, 48, grey(0x10))));
+}
+
+// The effects see through the mesh players' camera: "setFov" widens their view too, and
+// the model draws smaller.
+TEST_F(Procedural3d, TheFieldOfViewComesFromSetFov) {
+    auto frame = [&](int fov) {
+        show.settings<EngineSettings>().fov = fov;
+        std::fill_n(screen().pixels, screen().pixelCount(), 0);
+        make("wireframeADN32bpp screen pal constVector3 0.3 0.5 1.2 constInt 32")->run(0);
+        return std::count(screen().pixels, screen().pixels + screen().pixelCount(), 0u);
+    };
+    EXPECT_GT(frame(2), frame(1));  // more of the target left black
 }
 
 TEST_F(Procedural3d, BadParametersNameTheKeyword) {
