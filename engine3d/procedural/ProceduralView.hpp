@@ -1,7 +1,7 @@
 #pragma once
 // The camera of the procedural 3D effects: the mesh players' default camera (at the
 // origin, looking along z, with the engine-wide field of view that "setFov" sets), and
-// a model turned by three angles about its own centre, `distance` units before it.
+// a model turned by three angles about its own centre, modelDistance units before it.
 #include "core/Layer.hpp"
 #include "engine3d/Camera.hpp"
 #include "engine3d/EngineSettings.hpp"

@@ -1,5 +1,6 @@
 // Procedural wireframes: a model of lines built once, turned by a rotation track and
 // drawn in the colours of a palette, blended by a rendu track.
+#include <utility>
 #include <vector>
 
 #include "core/Palette.hpp"
