@@ -16,32 +16,21 @@
 #include <string>
 #include <vector>
 
+#include "bench/BenchStage.hpp"
 #include "core/Layer.hpp"
 #include "core/Palette.hpp"
 #include "effects/rendu/BlendOperators.hpp"
 #include "effects/rendu/BulkKernels.hpp"
-#include "script/Component.hpp"
-#include "script/ComponentContext.hpp"
-#include "script/Repository.hpp"
-#include "script/Sequencer.hpp"
-#include "script/Show.hpp"
-#include "script/TextParser.hpp"
 
 namespace {
 
-namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
 // A show holding the layers the script lines below name, all at the benchmark's size but
 // the 256 x 256 texture and look-up table and the 64 x 64 sprite.
-class Stage {
+class Stage : public vz::bench::BenchStage {
 public:
-    Stage(int w, int h) : dir_(fs::temp_directory_path() / "vz-procedural-bench") {
-        fs::create_directories(dir_);
-        previous_ = fs::current_path();
-        fs::current_path(dir_);
-        std::ofstream("main.txt").flush();
-        sequencer_ = std::make_unique<vz::Sequencer>("main.txt", show_);
+    Stage(int w, int h) : BenchStage("vz-procedural-bench") {
         std::mt19937 random(5);
         screen = &add32("screen", w, h, random);
         add32("pic", w, h, random);
@@ -55,29 +44,10 @@ public:
         addSymbol(std::move(palette), "pal");
         addSymbol(std::make_unique<vz::Color>(0x00C08040u), "col");
     }
-    ~Stage() { fs::current_path(previous_); }
-
-    std::unique_ptr<vz::Component> make(const std::string& line) {
-        std::ofstream("line.txt") << line << "\n";
-        vz::TextParser parser;
-        parser.open("line.txt");
-        parser.nextLine();
-        const std::string keyword = parser.getToken();
-        vz::ComponentContext context(keyword, parser, show_, *sequencer_);
-        std::unique_ptr<vz::Component> component = vz::findComponentBuilder(keyword.c_str())(context);
-        component->keepAlive(context.takeBorrowed());
-        return component;
-    }
 
     vz::Layer32bpp* screen = nullptr;
 
 private:
-    template <class T>
-    T& addSymbol(std::unique_ptr<T> resource, const std::string& name) {
-        T& ref = *resource;
-        show_.repository.add(std::make_unique<vz::Symbol>(std::move(resource)), name);
-        return ref;
-    }
     vz::Layer32bpp& add32(const std::string& name, int w, int h, std::mt19937& random) {
         auto layer = std::make_unique<vz::Layer32bpp>(w, h);
         std::generate_n(layer->pixels, layer->pixelCount(), [&] { return random() & 0xFFFFFF; });
@@ -91,10 +61,6 @@ private:
                 layer->row(y)[x] = static_cast<std::uint8_t>(128 + 100 * std::sin(x / 23.0) * std::cos(y / 17.0));
         addSymbol(std::move(layer), name);
     }
-
-    fs::path dir_, previous_;
-    vz::Show show_;
-    std::unique_ptr<vz::Sequencer> sequencer_;
 };
 
 double copySeconds(vz::Layer32bpp& screen) {
@@ -114,16 +80,7 @@ void BM_Component(benchmark::State& state, const char* line) {
     auto component = stage.make(line);
     const double pixels = static_cast<double>(stage.screen->pixelCount());
     const double copy = copySeconds(*stage.screen);
-    double best = 1e9;
-    int frame = 0;
-    component->run(0.0f);  // the first run sets up what the following ones reuse
-    for (auto _ : state) {
-        const float t = static_cast<float>(++frame) / 50.0f;
-        const auto start = Clock::now();
-        component->run(t);
-        benchmark::ClobberMemory();
-        best = std::min(best, std::chrono::duration<double>(Clock::now() - start).count());
-    }
+    const double best = vz::bench::bestFrameSeconds(state, *component);
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations()) * static_cast<std::int64_t>(pixels));
     state.counters["ns_per_px"] = best * 1e9 / pixels;
     state.counters["copy_ns_per_px"] = copy * 1e9 / pixels;

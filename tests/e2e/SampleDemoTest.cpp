@@ -22,7 +22,8 @@ const fs::path sampleDir = fs::path(VZ_SOURCE_DIR) / "demos" / "sample";
 const fs::path expectedDir = fs::path(VZ_SOURCE_DIR) / "tests" / "e2e" / "expected";
 const std::vector<double> shotTimes{1,    6,    12,    16.5,  18.5, 21,   25,   29,   33,   37,   39.5, 41.5,
                                     43.5, 45,   48,    52,    56,   59.5, 61.5, 64.5, 67.5, 69.4, 70.1, 70.9,
-                                    71.6, 72.5, 73.25, 73.75, 74.5, 76.5, 79.5, 82.5, 85,   87,   89};
+                                    71.6, 72.5, 73.25, 73.75, 74.5, 76.5, 79.5, 82.5, 85,   87,   89,
+                                    91,   93.5, 95,   97,   99.5, 101,  104};
 
 // The arguments of a headless show of `demo` at 25 frames per second, `extra` options,
 // and a shot at each time written to PREFIX TIME.png.

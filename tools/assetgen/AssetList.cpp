@@ -13,6 +13,7 @@ AssetList makeAllAssets(const Band& band) {
     addKeytracks(assets);
     addProceduralKeytracks(assets);
     addMeshes(assets);
+    addModels3dAssets(assets);
     addMusic(assets);
     return assets;
 }

@@ -24,6 +24,7 @@ void addPalettes(AssetList& assets, const Band& band);  // palette pictures, pal
 void addKeytracks(AssetList& assets);                   // key files
 void addProceduralKeytracks(AssetList& assets);         // key files of the procedural section
 void addMeshes(AssetList& assets);                      // meshes, materials and tracks of the 3D section
+void addModels3dAssets(AssetList& assets);             // meshes, light map, materials, keys of the 3D section
 void addMusic(AssetList& assets);                       // the tracker module
 
 // Every file of the demo, in a fixed order.
