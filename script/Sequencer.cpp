@@ -15,7 +15,10 @@ Sequencer::Sequencer(const std::string& scriptName, Show& show, const ExtraCompo
     : Sequencer(scriptName, show, extra, 0) {}
 
 Sequencer::Sequencer(const std::string& scriptName, const Sequencer& parent)
-    : Sequencer(scriptName, parent.show_, parent.extra_, parent.depth_ + 1) {}
+    : Sequencer(scriptName, parent.show_, parent.extra_, parent.depth_ + 1) {
+    // A checked show reads a nested script when its composite is made, since nothing runs.
+    if (show_.check) checkAll();
+}
 
 Sequencer::Sequencer(const std::string& scriptName, Show& show, const ExtraComponents* extra, int depth)
     : scriptName_(scriptName), show_(show), extra_(extra), depth_(depth) {

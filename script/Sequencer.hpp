@@ -56,6 +56,10 @@ public:
     // Reads script lines until a wait whose time has not come, a "waitFrame", an
     // "endDemo" or the end of the script.
     void read(float t);
+    // Reads the whole script without playing it (the show's check must be set): builds
+    // every resource and component, passes over waits, and keeps each error with its
+    // place in the check instead of stopping.
+    void checkAll();
 
     const std::string& scriptName() const { return scriptName_; }
     SequencerFactory& factory() { return factory_; }

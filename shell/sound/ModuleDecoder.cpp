@@ -48,6 +48,15 @@ public:
 
     void setVolume(int volume) override { wantedVolume_.store(std::clamp(volume, 0, 255), std::memory_order_relaxed); }
 
+    void skip(double seconds) override {
+        if (seconds <= 0.0) return;
+        // The module loops, so a position past its end comes round to its start again.
+        double target = module_->get_position_seconds() + seconds;
+        const double length = module_->get_duration_seconds();
+        if (length > 0.0) target = std::fmod(target, length);
+        module_->set_position_seconds(target);
+    }
+
 private:
     std::unique_ptr<openmpt::module> module_;
     std::atomic<int> wantedVolume_{255};

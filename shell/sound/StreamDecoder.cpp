@@ -1,4 +1,5 @@
 // MP3 streams through libmpg123, decoded from the file's bytes held in memory.
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <mutex>
@@ -61,6 +62,12 @@ public:
                 finished_ = true;
         }
         return done;
+    }
+
+    void skip(double seconds) override {
+        if (seconds <= 0.0 || finished_) return;
+        const auto frames = static_cast<off_t>(std::llround(seconds * sampleRate));
+        if (mpg123_seek(handle_, frames, SEEK_CUR) < 0) finished_ = true;  // past the end
     }
 
 private:
