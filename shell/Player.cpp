@@ -125,7 +125,8 @@ public:
         for (;;) {
             if (session_ && session_->show.ended) break;
             float t = sound_.currentTime();
-            if (watcher_ && watcher_->changed()) {
+            if (watcher_ && (changed_ || watcher_->changed())) {
+                changed_ = false;
                 reload(t);
                 continue;
             }
@@ -270,7 +271,7 @@ private:
     void idle() {
         console_.update();
         if (watcher_ && !session_) {
-            watcher_->waitForChange(idleMilliseconds);
+            changed_ = watcher_->waitForChange(idleMilliseconds);
             return;
         }
         console_.wait(idleMilliseconds);
@@ -328,6 +329,7 @@ private:
     Progress progress_;
     std::unique_ptr<FileWatcher> watcher_;
     bool paused_ = false;
+    bool changed_ = false;  // the watcher saw a change while the loop waited
     std::string broken_;
     std::vector<std::uint32_t> held_;
 };

@@ -73,16 +73,17 @@ TEST(AuthoringRun, RecordMakesAVideoOfEveryFrameWithTheMusic) {
     writeFile("main.txt", "playModule music.mod 0 0\n0 -1 0 1 0\n");
     RunResult run = runPlayer({"--record", "show.mp4", "--until", "2"}, dir.path().string());
     ASSERT_EQ(run.status, 0) << run.standardError;
-    // Not a terminal: one summary line. Frames at 0, 0.02, ... 2.00 s.
-    EXPECT_EQ(run.standardError.substr(0, 47), "vzplayer: 101 frames, show time 0.00 to 2.00 s,");
+    // Not a terminal: one summary line. Frames at 0, then 0 again as the music starts
+    // in frame 1, 0.02, ... 2.00 s.
+    EXPECT_EQ(run.standardError.substr(0, 47), "vzplayer: 102 frames, show time 0.00 to 2.00 s,");
     EXPECT_EQ(commandOutput("ffprobe -v error -count_frames -select_streams v:0 -show_entries "
                             "stream=nb_read_frames,width,height -of csv=p=0 show.mp4"),
-              "640,480,101\n");
+              "640,480,102\n");
     EXPECT_EQ(commandOutput("ffprobe -v error -select_streams a:0 -show_entries stream=codec_type,sample_rate "
                             "-of csv=p=0 show.mp4"),
               "audio,44100\n");
     const double seconds = std::stod(commandOutput("ffprobe -v error -show_entries format=duration -of csv=p=0 show.mp4"));
-    EXPECT_NEAR(seconds, 2.02, 0.05);
+    EXPECT_NEAR(seconds, 2.04, 0.05);
     EXPECT_FALSE(fs::exists(".show.video.mp4"));
     EXPECT_FALSE(fs::exists(".show.audio.wav"));
 }
