@@ -82,7 +82,9 @@ bool File::open(const std::string& name) {
     if (isOpen()) close();
     ended_ = false;
     whyNot_.clear();
-    const bool opened = archive().memory ? openInMemory(name) : archive().enabled ? openInArchive(name) : openOnDisk(name);
+    const bool opened = archive().memory    ? openInMemory(name)
+                        : archive().enabled ? openInArchive(name)
+                                            : openOnDisk(name);
     if (opened && openedNames) openedNames->insert(name);
     return opened;
 }

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <vector>
 #include <set>
+#include <vector>
 
 #include "assets/File.hpp"
 #include "assets/ImageLoader.hpp"
@@ -49,9 +49,7 @@ std::size_t printErrors(const ScriptCheck& check) {
     return said.size();
 }
 
-namespace {
-
-}  // namespace
+namespace {}  // namespace
 
 ScriptCheck checkDemo() {
     ScriptCheck check;

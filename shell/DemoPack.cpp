@@ -32,8 +32,8 @@ bool addMember(zipFile zip, const std::string& name) {
     zip_fileinfo info{};
     if (zipOpenNewFileInZip64(zip, name.c_str(), &info, nullptr, 0, nullptr, 0, nullptr, Z_DEFLATED, 9, 1) != ZIP_OK)
         return false;
-    const bool wrote = bytes.empty() || zipWriteInFileInZip(zip, bytes.data(), static_cast<unsigned>(bytes.size())) ==
-                                            ZIP_OK;
+    const bool wrote =
+        bytes.empty() || zipWriteInFileInZip(zip, bytes.data(), static_cast<unsigned>(bytes.size())) == ZIP_OK;
     return zipCloseFileInZip(zip) == ZIP_OK && wrote;
 }
 

@@ -87,18 +87,25 @@ void writeScreenshot(const Surface& surface) {
     }
 }
 
+// The demo's directory; for a zipped demo, the one that holds the archive.
+std::string watchedDirectory() {
+    if (!File::archiveMode()) return ".";
+    const std::string parent = std::filesystem::path(File::archiveName()).parent_path().string();
+    return parent.empty() ? "." : parent;
+}
+
 bool plain(const Key& key) { return !key.alt && !key.control; }
 
 // Where a seek key goes from time t; nothing for other keys.
 std::optional<float> seekTarget(const Key& key, float t) {
     if (!plain(key)) return std::nullopt;
     switch (key.code) {
-        case keyLeft: return std::max(0.0f, t - 1.0f);
-        case keyRight: return t + 1.0f;
-        case keyPageDown: return std::max(0.0f, t - 10.0f);
-        case keyPageUp: return t + 10.0f;
-        case keyHome: return 0.0f;
-        default: return std::nullopt;
+    case keyLeft: return std::max(0.0f, t - 1.0f);
+    case keyRight: return t + 1.0f;
+    case keyPageDown: return std::max(0.0f, t - 10.0f);
+    case keyPageUp: return t + 10.0f;
+    case keyHome: return 0.0f;
+    default: return std::nullopt;
     }
 }
 
@@ -114,9 +121,9 @@ public:
           memory_(memory),
           session_(std::move(session)),
           outputs_(options, video),
-          progress_(options.until, !options.record.empty() || !options.dumpFramesDir.empty() ||
-                                       !options.audioOut.empty()) {
-        if (options.watch) watcher_ = std::make_unique<FileWatcher>(".");
+          progress_(options.until,
+                    !options.record.empty() || !options.dumpFramesDir.empty() || !options.audioOut.empty()) {
+        if (options.watch) watcher_ = std::make_unique<FileWatcher>(watchedDirectory());
     }
 
     void run() {
@@ -177,6 +184,8 @@ private:
     // Pause, step, seek and screenshot keys; true when the key was one of them.
     bool authorKey(const Key& key, float t) {
         if (!plain(key)) return false;
+        // A script that failed under --watch has nothing to pause or step until it is fixed.
+        if ((key.code == 'p' || key.code == '.') && !session_) return true;
         if (key.code == 'p') {
             paused_ = !paused_;
             if (paused_) {
@@ -188,7 +197,7 @@ private:
             return true;
         }
         if (key.code == '.') {
-            if (paused_ && session_) step(t);
+            if (paused_) step(t);
             return true;
         }
         if (key.code == keyF12) {

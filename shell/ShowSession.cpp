@@ -14,8 +14,8 @@ namespace {
 // Black surface first: effects that read "screen" before drawing see what a first
 // playing sees.
 std::uint32_t* blackened(const Config& config, std::uint32_t* memory) {
-    std::fill_n(memory, static_cast<std::size_t>(config.hardwareWidth) * static_cast<std::size_t>(config.hardwareHeight),
-                0u);
+    std::fill_n(memory,
+                static_cast<std::size_t>(config.hardwareWidth) * static_cast<std::size_t>(config.hardwareHeight), 0u);
     return memory;
 }
 

@@ -72,15 +72,30 @@ VideoRecorder::VideoRecorder(const std::string& output, int width, int height, d
     const std::string ffmpeg = findProgram("ffmpeg");
     if (ffmpeg.empty()) throw error("--record needs the program ffmpeg, which is not on PATH");
     const fs::path out(output);
-    video_ = (out.parent_path() / ("." + out.stem().string() + ".video" + out.extension().string())).string();
-    audio_ = (out.parent_path() / ("." + out.stem().string() + ".audio.wav")).string();
+    // Hidden files beside the output: ".NAME.video.EXT" and ".NAME.audio.wav".
+    std::string hidden = out.stem().string();
+    hidden.insert(hidden.begin(), '.');
+    video_ = (out.parent_path() / (hidden + ".video" + out.extension().string())).string();
+    audio_ = (out.parent_path() / (hidden + ".audio.wav")).string();
     int fds[2];
     if (pipe2(fds, O_CLOEXEC) != 0) throw error("--record cannot make a pipe to ffmpeg");
     // The surface's words are bytes blue, green, red, unused: ffmpeg's "bgr0".
-    std::vector<std::string> args{ffmpeg,        "-hide_banner", "-loglevel", "error",   "-y",
-                                  "-f",          "rawvideo",     "-pix_fmt",  "bgr0",    "-s",
-                                  std::to_string(width) + "x" + std::to_string(height), "-r", number(fps),
-                                  "-i",          "pipe:0",       "-an"};
+    std::vector<std::string> args{ffmpeg,
+                                  "-hide_banner",
+                                  "-loglevel",
+                                  "error",
+                                  "-y",
+                                  "-f",
+                                  "rawvideo",
+                                  "-pix_fmt",
+                                  "bgr0",
+                                  "-s",
+                                  std::to_string(width) + "x" + std::to_string(height),
+                                  "-r",
+                                  number(fps),
+                                  "-i",
+                                  "pipe:0",
+                                  "-an"};
     const std::string ext = out.extension().string();
     if (ext == ".mp4" || ext == ".mov" || ext == ".mkv") {
         // Pictures every player can show.
@@ -137,7 +152,7 @@ bool VideoRecorder::finish(const std::string& audio) {
     }
     std::error_code ec;
     fs::remove(video_, ec);
-    if (audio == audio_) fs::remove(audio_, ec);
+    fs::remove(audio_, ec);
     return done;
 }
 

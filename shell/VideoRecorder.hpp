@@ -16,7 +16,8 @@ public:
     VideoRecorder(const VideoRecorder&) = delete;
     VideoRecorder& operator=(const VideoRecorder&) = delete;
 
-    // The WAV file the run should write its music to.
+    // The WAV file the run should write its music to, unless it keeps one of its own;
+    // removed by finish().
     const std::string& audioFile() const { return audio_; }
     // One frame (width x height pixels 0x00RRGGBB); throws error when ffmpeg stopped.
     void frame(const std::uint32_t* pixels);

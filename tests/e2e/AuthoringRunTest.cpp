@@ -82,7 +82,8 @@ TEST(AuthoringRun, RecordMakesAVideoOfEveryFrameWithTheMusic) {
     EXPECT_EQ(commandOutput("ffprobe -v error -select_streams a:0 -show_entries stream=codec_type,sample_rate "
                             "-of csv=p=0 show.mp4"),
               "audio,44100\n");
-    const double seconds = std::stod(commandOutput("ffprobe -v error -show_entries format=duration -of csv=p=0 show.mp4"));
+    const double seconds =
+        std::stod(commandOutput("ffprobe -v error -show_entries format=duration -of csv=p=0 show.mp4"));
     EXPECT_NEAR(seconds, 2.04, 0.05);
     EXPECT_FALSE(fs::exists(".show.video.mp4"));
     EXPECT_FALSE(fs::exists(".show.audio.wav"));
@@ -108,8 +109,8 @@ TEST(AuthoringRun, APackedSamplePlaysTheSameFrames) {
     EXPECT_NE(pack.standardOutput.find("\nleft out: notes.txt\n"), std::string::npos) << pack.standardOutput;
     RunResult again = runPlayer({"--pack", "demo", "demo.zip"}, dir.path().string());
     EXPECT_EQ(again.status, 1);
-    EXPECT_EQ(again.standardError, "vzplayer: --pack: " + (dir.path() / "demo.zip").string() +
-                                       " exists (--force overwrites it)\n");
+    EXPECT_EQ(again.standardError,
+              "vzplayer: --pack: " + (dir.path() / "demo.zip").string() + " exists (--force overwrites it)\n");
 
     const std::vector<std::string> shots{"--headless", "--until", "20", "--shot", "8=a.png", "--shot", "19=b.png"};
     auto args = shots;

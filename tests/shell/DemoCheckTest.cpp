@@ -43,12 +43,11 @@ TEST_F(DemoCheckTest, ThreeMistakesInTwoScriptsAreAllReported) {
               "waitFrame\n"
               "2 3 0 1 0\n");  // 2: an entry with no component before it
     const ScriptCheck check = checkDemo();
-    EXPECT_EQ(errorLines(check),
-              (std::vector<std::string>{
-                  "vzplayer: main.txt:1: loadPcx error (missing.pcx: No such file or directory)",
-                  "vzplayer: inner.txt:2: Sequencer : timeline entry without a component",
-                  "vzplayer: main.txt:6: unknow Component",
-              }));
+    EXPECT_EQ(errorLines(check), (std::vector<std::string>{
+                                     "vzplayer: main.txt:1: loadPcx error (missing.pcx: No such file or directory)",
+                                     "vzplayer: inner.txt:2: Sequencer : timeline entry without a component",
+                                     "vzplayer: main.txt:6: unknow Component",
+                                 }));
     EXPECT_EQ(check.files, (std::set<std::string>{"config.txt", "main.txt", "inner.txt", "keys.txt"}));
 }
 

@@ -75,13 +75,13 @@ public:
 private:
     static int keyCode(SDL_Keycode code) {
         switch (code) {
-            case SDLK_LEFT: return keyLeft;
-            case SDLK_RIGHT: return keyRight;
-            case SDLK_PAGEUP: return keyPageUp;
-            case SDLK_PAGEDOWN: return keyPageDown;
-            case SDLK_HOME: return keyHome;
-            case SDLK_F12: return keyF12;
-            default: return static_cast<int>(code);
+        case SDLK_LEFT: return keyLeft;
+        case SDLK_RIGHT: return keyRight;
+        case SDLK_PAGEUP: return keyPageUp;
+        case SDLK_PAGEDOWN: return keyPageDown;
+        case SDLK_HOME: return keyHome;
+        case SDLK_F12: return keyF12;
+        default: return static_cast<int>(code);
         }
     }
 
