@@ -69,6 +69,11 @@ public:
 
 private:
     Sequencer(const std::string& scriptName, Show& show, const ExtraComponents* extra, int depth);
+    // How a line begins. Block comments and declarations ("add", "sub") are read the same
+    // way when playing and when checking, and are done with here; an entry line is left
+    // to the caller; otherwise `keyword` holds the line's first word.
+    enum class LineStart { entry, done, keyword };
+    LineStart readLineStart(std::string& keyword);
     void readLines(float t, Component*& current);
     void readEntry(Component* current);
     float readTime(const char* what);

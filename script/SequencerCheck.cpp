@@ -10,28 +10,19 @@ void Sequencer::checkAll() {
     Component* current = nullptr;
     // Entry lines of a component that could not be made are not errors of their own.
     bool componentFailed = false;
+    std::string keyword;
     for (;;) {
         try {
             if (!parser_.nextLine()) break;
-            const char first = parser_.peekChar();
-            if (first >= '0' && first <= '9') {
-                if (componentFailed) continue;
+            const LineStart start = readLineStart(keyword);
+            if (start == LineStart::entry && !componentFailed) {
                 readEntry(current);
                 // Nothing will run: the component goes when the next one is made.
                 --current->useCount;
                 entries_.back().component = nullptr;
-                continue;
             }
-            if (first == '%') {
-                skipBlockComment();
-                continue;
-            }
-            const std::string keyword = parser_.getTokenCopy();
-            if (keyword == "add") {
-                show_.repository.load(parser_);
-            } else if (keyword == "sub") {
-                show_.repository.sub(parser_.getTokenCopy());
-            } else if (keyword == "wait") {
+            if (start != LineStart::keyword) continue;
+            if (keyword == "wait") {
                 readTime("wait");
             } else if (keyword == "waitFrame") {
                 // Reading stops here for a frame, so entry lines can no longer follow.
