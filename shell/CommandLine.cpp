@@ -47,7 +47,8 @@ const char* usageText() {
            "                     first, then every file the scripts name; lists files left out\n"
            "  --force            let --pack overwrite OUT.zip\n"
            "  --list-components  print every component keyword with its description and syntax\n"
-           "                     (add --markdown for the reference page)\n"
+           "                     (add --markdown for the reference page, and --pictures DIR\n"
+           "                     for the pictures of the keywords there)\n"
            "  --help             this text\n"
            "  --version          the player's version\n"
            "\n"
@@ -108,6 +109,8 @@ Options parseCommandLine(int argc, const char* const* argv) {
             options.listComponents = true;
         } else if (arg == "--markdown") {
             options.markdown = true;
+        } else if (arg == "--pictures") {
+            options.picturesDir = value(i, arg);
         } else if (arg == "--help" || arg == "-h") {
             options.help = true;
         } else if (arg == "--version") {

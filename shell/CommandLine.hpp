@@ -33,7 +33,8 @@ struct Options {
     std::string packOut;
     bool force = false;  // --pack may overwrite OUT.zip
     bool listComponents = false;
-    bool markdown = false;  // with --list-components: the reference as Markdown
+    bool markdown = false;    // with --list-components: the reference as Markdown
+    std::string picturesDir;  // with --markdown: where the keywords' pictures are
     bool help = false;
     bool version = false;
 };

@@ -71,7 +71,7 @@ int main(int argc, char** argv) {
         }
         if (options.listComponents) {
             if (options.markdown)
-                vz::writeComponentReferenceMarkdown(std::cout);
+                vz::writeComponentReferenceMarkdown(std::cout, options.picturesDir);
             else
                 vz::writeComponentList(std::cout);
             return 0;
