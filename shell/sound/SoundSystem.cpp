@@ -61,11 +61,9 @@ struct SoundSystem::State {
     double musicStart = 0.0;  // a stream's position when it started, in seconds
     double musicBase = 0.0;   // device mode: seconds of the music heard before the device clock's restart
 
-    // Holding (fast-forward, pause): the music kept back from the device, and how far
-    // into it that decoder stands.
+    // Holding (fast-forward, pause): the music kept back from the device.
     bool holding = false;
     std::unique_ptr<MusicDecoder> parked;
-    std::int64_t parkedAt = 0;  // musicFrames when it was parked
 
     // Lock-step rendering.
     std::int64_t frameIndex = 0;
@@ -134,7 +132,6 @@ struct SoundSystem::State {
             // Kept back until release(); the clock counts it as playing from now.
             kind = next ? nextKind : MusicKind::none;
             parked = std::move(next);
-            parkedAt = 0;
             musicStart = start;
             musicFrames = 0;
             return;
@@ -257,7 +254,6 @@ void SoundSystem::hold() {
     s.device.lock();
     std::swap(s.parked, s.music);
     s.device.unlock();
-    s.parkedAt = s.musicFrames;
 }
 
 void SoundSystem::release() {
@@ -265,7 +261,9 @@ void SoundSystem::release() {
     if (!s.holding) return;
     s.holding = false;
     s.driveTimer(0.0);
-    if (s.parked) s.parked->skip(static_cast<double>(s.musicFrames - s.parkedAt) / sampleRate);
+    // From the clock's reading, not from where the decoder stopped: a device had taken
+    // samples ahead of what was heard.
+    if (s.parked) s.parked->seek(static_cast<double>(s.musicFrames) / sampleRate);
     s.device.lock();
     std::swap(s.music, s.parked);
     if (s.clock) s.clock->restart();
@@ -282,7 +280,6 @@ void SoundSystem::restartClock() {
     s.kind = MusicKind::none;
     s.musicStart = 0.0;
     s.musicFrames = 0;
-    s.parkedAt = 0;
     s.timeOffset = 0.0f;
     s.frameIndex = 0;
     s.restartTimer();
