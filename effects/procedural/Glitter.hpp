@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <numbers>
 
+#include "core/SafeNumbers.hpp"
 #include "effects/procedural/SeededHash.hpp"
 
 namespace vz {
@@ -24,7 +25,9 @@ inline Twinkle twinkleAt(std::uint32_t seed, std::uint32_t i, float t) {
     const double period = 0.8 + 1.2 * seededUnit(seed, i, 0);
     const double cycles = t / period + seededUnit(seed, i, 1);
     const double whole = std::floor(cycles), part = cycles - whole;
-    const auto cycle = static_cast<std::uint32_t>(static_cast<std::int64_t>(whole));
+    // Far from the start (or at an infinite local time) the count is held at the ends of
+    // 64 bits; only its low 32 bits pick the places.
+    const auto cycle = static_cast<std::uint32_t>(clampToInt64(whole, INT64_MIN, INT64_MAX));
     Twinkle twinkle;
     twinkle.x = 2.0f * seededUnit(seed, i, 2 * cycle + 2) - 1.0f;
     twinkle.y = 2.0f * seededUnit(seed, i, 2 * cycle + 3) - 1.0f;

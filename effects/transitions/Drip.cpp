@@ -1,7 +1,8 @@
 #include "effects/transitions/Drip.hpp"
 
-#include <algorithm>
 #include <cmath>
+
+#include "core/SafeNumbers.hpp"
 
 namespace vz {
 
@@ -26,9 +27,10 @@ std::vector<float> dripFactors(int width, NoiseGenerator& generator) {
 
 void drip(Layer32bpp& target, const Layer32bpp& source, const float* factors, int* drops, float t, float speed) {
     const int w = target.width, h = target.height;
-    const double travel = std::isfinite(speed) && t > 0.0f ? static_cast<double>(t) * speed * h : 0.0;
-    for (int x = 0; x < w; ++x)
-        drops[x] = static_cast<int>(std::clamp(std::trunc(travel * factors[x]), -double(h), double(h)));
+    // An infinite local time with a speed of 0 would make a travel that is not a number.
+    const bool moving = std::isfinite(speed) && speed != 0.0f && t > 0.0f;
+    const double travel = moving ? static_cast<double>(t) * speed * h : 0.0;
+    for (int x = 0; x < w; ++x) drops[x] = clampToInt(travel * factors[x], -h, h);
     for (int y = 0; y < h; ++y) {
         std::uint32_t* out = target.row(y);
         for (int x = 0; x < w; ++x) {

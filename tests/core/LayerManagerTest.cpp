@@ -75,16 +75,6 @@ TEST(LayerManagerTest, OtherSizesAreLoggedRawAllocations) {
     for (int i = 0; i < 4; ++i) EXPECT_EQ(manager->smallMark(i), 0u);
 }
 
-TEST(LayerManagerTest, ScreenPoolIsCheckedBeforeTheSmallPool) {
-    LayerManager manager(4, 4, 65536);
-    void* p = manager.allocate(65536);
-    EXPECT_EQ(p, static_cast<const void*>(manager.screenPool()));
-    EXPECT_EQ(manager.screenMark(0), 1u);
-    EXPECT_EQ(manager.smallMark(0), 0u);
-    manager.release(p);
-    EXPECT_EQ(manager.screenMark(0), 0u);
-}
-
 TEST(LayerManagerTest, ReleaseClearsOnlyTheSlotsOfItsOwnAllocation) {
     LayerManager manager(8, 12, 1000);
     void* a = manager.allocate(4000);
@@ -102,6 +92,15 @@ TEST(LayerManagerTest, ReleaseClearsOnlyTheSlotsOfItsOwnAllocation) {
     EXPECT_EQ(manager.smallMark(1), 2u);
     manager.release(y);
     EXPECT_EQ(manager.smallMark(1), 0u);
+
+    // Where a screen slot holds a texture, the screen pool is tried first.
+    LayerManager both(4, 4, 65536);
+    void* p = both.allocate(65536);
+    EXPECT_EQ(p, static_cast<const void*>(both.screenPool()));
+    EXPECT_EQ(both.screenMark(0), 1u);
+    EXPECT_EQ(both.smallMark(0), 0u);
+    both.release(p);
+    EXPECT_EQ(both.screenMark(0), 0u);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The generator of the sample demo's files: same bytes on every run and the committed
-// files up to date (the sample demo test plays them), the music's timing, the band option.
+// The generator of the sample demo's files: the committed files are what it writes (the
+// sample demo test plays them), the music's timing, the band option.
 #include <gtest/gtest.h>
 
 #include <libopenmpt/libopenmpt.hpp>
@@ -12,6 +12,8 @@
 
 #include <sys/wait.h>
 
+#include "assets/ImageLoader.hpp"
+#include "core/Layer.hpp"
 #include "support/TestSupport.hpp"
 
 namespace fs = std::filesystem;
@@ -28,10 +30,6 @@ int generatorStatus(const fs::path& out, const std::string& options = "") {
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
-void runGenerator(const fs::path& out, const std::string& options = "") {
-    ASSERT_EQ(generatorStatus(out, options), 0) << options;
-}
-
 std::vector<std::string> fileNames(const fs::path& dir) {
     std::vector<std::string> names;
     for (const auto& entry : fs::directory_iterator(dir)) names.push_back(entry.path().filename().string());
@@ -39,43 +37,33 @@ std::vector<std::string> fileNames(const fs::path& dir) {
     return names;
 }
 
-unsigned le16(const std::string& bytes, size_t at) {
-    return uint8_t(bytes[at]) | unsigned(uint8_t(bytes[at + 1])) << 8;
+// Width and height of a picture file, as the player reads it (the decoder is chosen by
+// the name's first dot, so the path is made relative to the scratch directory).
+std::pair<int, int> pictureSize(const fs::path& file) {
+    const auto picture = vz::ImageLoader::LoadLayer32bpp(fs::relative(file).string());
+    return {picture->width, picture->height};
 }
 
-// Width and height from the picture's header, by its extension.
-std::pair<unsigned, unsigned> pictureSize(const std::string& name, const std::string& bytes) {
-    const std::string extension = fs::path(name).extension();
-    if (extension == ".pcx") return {le16(bytes, 8) - le16(bytes, 4) + 1, le16(bytes, 10) - le16(bytes, 6) + 1};
-    if (extension == ".gif") return {le16(bytes, 6), le16(bytes, 8)};
-    if (extension == ".bmp") return {le16(bytes, 18), le16(bytes, 22)};
-    const size_t frame = bytes.find("\xFF\xC0");  // JPEG baseline frame header: height, then width
-    if (extension != ".jpg" || frame == std::string::npos) return {0, 0};
-    return {unsigned(uint8_t(bytes[frame + 7])) << 8 | uint8_t(bytes[frame + 8]),
-            unsigned(uint8_t(bytes[frame + 5])) << 8 | uint8_t(bytes[frame + 6])};
-}
-
-// Runs the generator twice for all tests of this file.
+// Runs the generator once for all tests of this file.
 class AssetGenerator : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
         dir_ = new vz::test::ScratchDir();
-        runGenerator(dir_->path() / "first");
-        runGenerator(dir_->path() / "second");
+        ASSERT_EQ(generatorStatus(dir_->path() / "first"), 0);
     }
     static void TearDownTestSuite() { delete dir_; }
     static fs::path first() { return dir_->path() / "first"; }
     static inline vz::test::ScratchDir* dir_ = nullptr;
 };
 
-TEST_F(AssetGenerator, WritesTheSameBytesOnEveryRunAndMatchesTheCommittedFiles) {
+// A run that wrote other bytes than the committed files, by a change or by chance (the
+// time, an address, memory left unset), shows here.
+TEST_F(AssetGenerator, WritesTheCommittedFiles) {
     const fs::path committed = fs::path(VZ_SOURCE_DIR) / "demos" / "sample";
     const std::vector<std::string> names = fileNames(first());
-    ASSERT_EQ(names, fileNames(dir_->path() / "second"));
     ASSERT_GE(names.size(), 40u);
     for (const std::string& name : names) {
         const std::string bytes = vz::test::readFile(first() / name);
-        EXPECT_EQ(bytes, vz::test::readFile(dir_->path() / "second" / name)) << name << " differs between runs";
         ASSERT_TRUE(fs::exists(committed / name)) << name << " is not in demos/sample: run make assets";
         EXPECT_EQ(bytes, vz::test::readFile(committed / name)) << name << " in demos/sample is stale: run make assets";
     }
@@ -94,7 +82,7 @@ TEST_F(AssetGenerator, ModulePlaysEightOrdersOf768Seconds) {
 // other file keeps the default run's bytes.
 TEST_F(AssetGenerator, BandOptionResizesTheBandSizedPicturesOnly) {
     const fs::path wide = dir_->path() / "wide";
-    runGenerator(wide, "--band 1920x900");
+    ASSERT_EQ(generatorStatus(wide, "--band 1920x900"), 0);
     const std::set<std::string> bandSized = {
         "tunnel_a.pcx",    "tunnel_b.pcx",       "tunnel2_a.pcx",        "tunnel2_b.pcx",     "light_tunnel.pcx",
         "light_spot.pcx",  "pattern_radial.pcx", "pattern_diagonal.pcx", "pattern_noise.gif", "alpha_vignette.pcx",
@@ -102,12 +90,11 @@ TEST_F(AssetGenerator, BandOptionResizesTheBandSizedPicturesOnly) {
     ASSERT_EQ(fileNames(wide), fileNames(first()));
     for (const std::string& name : fileNames(first())) {
         SCOPED_TRACE(name);
-        const std::string bytes = vz::test::readFile(wide / name);
         if (bandSized.count(name)) {
-            EXPECT_EQ(pictureSize(name, vz::test::readFile(first() / name)), std::make_pair(640u, 400u));
-            EXPECT_EQ(pictureSize(name, bytes), std::make_pair(1920u, 900u));
+            EXPECT_EQ(pictureSize(first() / name), std::make_pair(640, 400));
+            EXPECT_EQ(pictureSize(wide / name), std::make_pair(1920, 900));
         } else {
-            EXPECT_EQ(bytes, vz::test::readFile(first() / name));
+            EXPECT_EQ(vz::test::readFile(wide / name), vz::test::readFile(first() / name));
         }
     }
 }

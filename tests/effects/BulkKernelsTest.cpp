@@ -94,7 +94,7 @@ TEST(BulkKernels, FastAlphaRoutinesMatchScalar) {
 
 // The scalar set is the reference of the others; it must itself agree with the
 // per-pixel operators wherever the bulk routine is documented to use them.
-TEST(BulkKernels, ScalarLevelsAreThePerPixelOperatorsAndPaletteLookUps) {
+TEST(BulkKernels, ScalarLevelsAreThePerPixelOperators) {
     RandomRun run(runLength, 7);
     for (int rendu = 0; rendu < renduNormal; ++rendu) {
         Pixels copied = run.dst, filled = run.dst;
@@ -105,45 +105,37 @@ TEST(BulkKernels, ScalarLevelsAreThePerPixelOperatorsAndPaletteLookUps) {
             ASSERT_EQ(filled[i], blendPixel(rendu, 0x00C08040, run.dst[i])) << rendu << " " << i;
         }
     }
-    scalarKernels().copyPalette(run.dst.data(), run.indices.data(), run.palette.data(), runLength);
-    for (std::size_t i = 0; i < runLength; ++i) ASSERT_EQ(run.dst[i], run.palette[run.indices[i]]) << i;
 }
 
-// Exact values on short runs, for every set: the saturating forms and the alpha rules
-// at their thresholds (0, levels below 32, 32 and above), in groups and alone.
-class EveryKernelSet : public ::testing::TestWithParam<int> {
-protected:
-    const BulkKernelSet& set() const {
-        std::vector<const BulkKernelSet*> all = fastSets();
-        all.insert(all.begin(), &scalarKernels());
-        return *all[std::min(static_cast<std::size_t>(GetParam()), all.size() - 1)];
-    }
-};
-
-TEST_P(EveryKernelSet, SaturatingCopiesAndTheFillAdd) {
+// Exact values on short runs of the scalar set, which the fast sets are held to above:
+// the saturating forms and the alpha rules at their thresholds (0, levels below 32, 32
+// and above), in groups and alone.
+TEST(BulkKernels, SaturatingCopiesAndTheFillAdd) {
+    const BulkKernelSet& set = scalarKernels();
     for (int rendu : {renduAdd, renduAddNoSat}) {
         Pixels dst(9, 0xC8C8C8C8);
-        set().copy(dst.data(), Pixels(9, 0x64646464).data(), dst.size(), rendu);
+        set.copy(dst.data(), Pixels(9, 0x64646464).data(), dst.size(), rendu);
         EXPECT_EQ(dst, Pixels(9, 0xFFFFFFFF)) << rendu;
     }
     Pixels dst(9, 0x00000010);
-    set().copy(dst.data(), Pixels(9, 0x01020305).data(), dst.size(), renduAdd);
+    set.copy(dst.data(), Pixels(9, 0x01020305).data(), dst.size(), renduAdd);
     EXPECT_EQ(dst, Pixels(9, 0x01020315));
     Pixels sub(11, 0x10205080);
-    set().copy(sub.data(), Pixels(11, 0x20104081).data(), sub.size(), renduSub);
+    set.copy(sub.data(), Pixels(11, 0x20104081).data(), sub.size(), renduSub);
     EXPECT_EQ(sub, Pixels(11, 0x00101000));
     // The fill add takes the per-pixel form: 254 and a carry.
     Pixels filled(10, 0x000000C8);
-    set().fill(filled.data(), 0x00000064, filled.size(), renduAdd);
+    set.fill(filled.data(), 0x00000064, filled.size(), renduAdd);
     EXPECT_EQ(filled, Pixels(10, 0x000001FE));
 }
 
-TEST_P(EveryKernelSet, AlphaRulesAtTheirThresholds) {
+TEST(BulkKernels, AlphaRulesAtTheirThresholds) {
+    const BulkKernelSet& set = scalarKernels();
     const Bytes alpha = {0, 32, 255, 16, 0, 0, 0, 0, 32, 32, 32, 32, 40, 50, 60, 70, 1};
     const std::size_t n = alpha.size();
     Pixels copied(n, 0x11000000), filled(n, 0x11000000);
-    set().copyAlphaMap(copied.data(), Pixels(n, 0x44FFFFFF).data(), alpha.data(), n);
-    set().fillAlphaMap(filled.data(), 0x44FFFFFF, alpha.data(), n);
+    set.copyAlphaMap(copied.data(), Pixels(n, 0x44FFFFFF).data(), alpha.data(), n);
+    set.fillAlphaMap(filled.data(), 0x44FFFFFF, alpha.data(), n);
     for (std::size_t i = 0; i < n; ++i) {
         const std::uint32_t expected = alpha[i] == 0    ? 0x11000000
                                        : alpha[i] >= 32 ? 0x44FFFFFF
@@ -156,18 +148,16 @@ TEST_P(EveryKernelSet, AlphaRulesAtTheirThresholds) {
     const Pixels src = {0x00FFFFFF, 0x20123456, 0xFF654321, 0x10FFFFFF, 0x00ABCDEF, 0x00ABCDEF, 0x00ABCDEF,
                         0x00ABCDEF, 0x21010101, 0x21010101, 0x21010101, 0x21010101, 0x01FFFFFF};
     Pixels dst(src.size(), 0x7F000000);
-    set().copySourceAlpha(dst.data(), src.data(), src.size());
+    set.copySourceAlpha(dst.data(), src.data(), src.size());
     EXPECT_EQ(dst, (Pixels{0x7F000000, 0x20123456, 0xFF654321, 0x007F7F7F, 0x7F000000, 0x7F000000, 0x7F000000,
                            0x7F000000, 0x21010101, 0x21010101, 0x21010101, 0x21010101, 0x7F070707}));
 
     // Premultiplied: level 16 with a black source halves the destination, from 32 on it
     // is cleared; then the source is added.
     Pixels premultiplied(4, 0x00808080);
-    set().addPremultiplied(premultiplied.data(), Pixels{0x00FFFFFF, 0x10010203, 0x20010203, 0x01000001}.data(), 4);
+    set.addPremultiplied(premultiplied.data(), Pixels{0x00FFFFFF, 0x10010203, 0x20010203, 0x01000001}.data(), 4);
     EXPECT_EQ(premultiplied, (Pixels{0x00808080, 0x10414243, 0x20010203, 0x017C7C7D}));
 }
-
-INSTANTIATE_TEST_SUITE_P(Sets, EveryKernelSet, ::testing::Values(0, 1, 2));
 
 }  // namespace
 }  // namespace vz

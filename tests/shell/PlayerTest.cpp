@@ -64,12 +64,6 @@ TEST_F(PlayerTest, EscapeEndsTheShowBeforeTheFrameIsDrawn) {
     EXPECT_EQ(linesWith("Closing log at ").size(), 1u);
 }
 
-TEST_F(PlayerTest, EndDemoFinishesTheFrameThatSetIt) {
-    EXPECT_EQ(play("wait 0.5\nendDemo\n", 100.0), 0);
-    // Frame 51 (t = 0.51) reads "endDemo", is still presented, and the loop stops.
-    EXPECT_EQ(console.updates(), 52);
-}
-
 class CountersTest : public PlayerTest {
 protected:
     CountersTest() { writeFile("config.txt", "640\n480\n400\n40\n8\n16\nCOUNTERS\nNOSOUND\n"); }

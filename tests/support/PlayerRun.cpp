@@ -16,11 +16,13 @@ extern char** environ;
 
 namespace vz::test {
 
-int startProcess(const std::vector<std::string>& args, const std::string& cwd,
-                 const std::vector<std::string>& environment, const std::string& outFile, const std::string& errFile) {
-    // `env` puts the extra entries over the inherited ones, then becomes the program.
+RunResult runPlayer(const std::vector<std::string>& args, const std::string& cwd,
+                    const std::vector<std::string>& environment) {
+    const std::string outFile = cwd + "/.player-stdout", errFile = cwd + "/.player-stderr";
+    // `env` puts the extra entries over the inherited ones, then becomes the player.
     std::vector<std::string> argv{"env"};
     argv.insert(argv.end(), environment.begin(), environment.end());
+    argv.push_back(VZ_PLAYER_PATH);
     argv.insert(argv.end(), args.begin(), args.end());
     std::vector<char*> cargv;
     for (auto& a : argv) cargv.push_back(a.data());
@@ -31,24 +33,11 @@ int startProcess(const std::vector<std::string>& args, const std::string& cwd,
     posix_spawn_file_actions_addchdir_np(&actions, cwd.c_str());
     posix_spawn_file_actions_addopen(&actions, 0, "/dev/null", O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&actions, 1, outFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    if (errFile.empty())
-        posix_spawn_file_actions_adddup2(&actions, 1, 2);
-    else
-        posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    posix_spawn_file_actions_addopen(&actions, 2, errFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     pid_t pid = -1;
-    if (posix_spawnp(&pid, cargv[0], &actions, nullptr, cargv.data(), environ) != 0) pid = -1;
+    const bool started = posix_spawnp(&pid, cargv[0], &actions, nullptr, cargv.data(), environ) == 0;
     posix_spawn_file_actions_destroy(&actions);
-    return pid;
-}
-
-RunResult runPlayer(const std::vector<std::string>& args, const std::string& cwd,
-                    const std::vector<std::string>& environment) {
-    std::string errFile = cwd + "/.player-stderr";
-    std::string outFile = cwd + "/.player-stdout";
-    std::vector<std::string> argv{VZ_PLAYER_PATH};
-    argv.insert(argv.end(), args.begin(), args.end());
-    pid_t pid = startProcess(argv, cwd, environment, outFile, errFile);
-    if (pid < 0) throw std::runtime_error("cannot start " + argv[0]);
+    if (!started) throw std::runtime_error(std::string("cannot start ") + VZ_PLAYER_PATH);
     int wstatus = 0;
     waitpid(pid, &wstatus, 0);
     RunResult result;

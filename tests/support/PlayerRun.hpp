@@ -13,14 +13,6 @@ struct RunResult {
     std::string standardOutput;
 };
 
-// Starts `args` (the program found on PATH unless it has a slash) in directory `cwd`
-// with extra environment entries NAME=VALUE; standard output and error go to `outFile`,
-// or to `errFile` for standard error when that is given. Returns the process id (-1 on
-// failure); the caller waits for it.
-int startProcess(const std::vector<std::string>& args, const std::string& cwd,
-                 const std::vector<std::string>& environment, const std::string& outFile,
-                 const std::string& errFile = "");
-
 // Runs VZ_PLAYER_PATH with `args` in directory `cwd` (environment extras as NAME=VALUE).
 RunResult runPlayer(const std::vector<std::string>& args, const std::string& cwd,
                     const std::vector<std::string>& environment = {});
