@@ -70,13 +70,23 @@ File::~File() {
 
 bool File::isOpen() const { return disk_ != nullptr || slot_ >= 0 || memory_ != nullptr; }
 
+namespace {
+
+std::set<std::string>* openedNames = nullptr;
+
+}  // namespace
+
+void File::recordOpened(std::set<std::string>* names) { openedNames = names; }
+
 bool File::open(const std::string& name) {
     if (isOpen()) close();
     ended_ = false;
     whyNot_.clear();
-    if (archive().memory) return openInMemory(name);
-    if (archive().enabled) return openInArchive(name);
-    return openOnDisk(name);
+    const bool opened = archive().memory    ? openInMemory(name)
+                        : archive().enabled ? openInArchive(name)
+                                            : openOnDisk(name);
+    if (opened && openedNames) openedNames->insert(name);
+    return opened;
 }
 
 bool File::openOnDisk(const std::string& name) {

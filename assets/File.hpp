@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -42,6 +43,9 @@ public:
     static void serveFromMemory(const MemoryFiles* files);
     // True while files come from the disk (neither an archive nor memory serves them).
     static bool diskMode();
+    // While set, the name of every file opened is added to `names` (null stops it): how
+    // the script checker learns which files a demo uses.
+    static void recordOpened(std::set<std::string>* names);
 
     // False when the file cannot be opened; whyNot() then says why.
     bool open(const std::string& name);

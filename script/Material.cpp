@@ -1,5 +1,6 @@
 #include "script/Material.hpp"
 
+#include <cstdint>
 #include <cstring>
 
 #include "core/Layer.hpp"
@@ -47,8 +48,8 @@ bool applyKey(Material& material, const char* key, TextParser& parser, Repositor
         material.rendu = token2rendu(parser.getToken());
     else if (is("solid"))
         material.solid = token2bool(parser.getToken());
-    else if (is("sprite"))
-        material.rendu += 256;
+    else if (is("sprite"))  // wraps, as a 32-bit sum does, after a huge number from "rendu"
+        material.rendu = static_cast<int>(static_cast<std::uint32_t>(material.rendu) + 256u);
     else
         return false;
     return true;

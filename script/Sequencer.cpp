@@ -15,7 +15,10 @@ Sequencer::Sequencer(const std::string& scriptName, Show& show, const ExtraCompo
     : Sequencer(scriptName, show, extra, 0) {}
 
 Sequencer::Sequencer(const std::string& scriptName, const Sequencer& parent)
-    : Sequencer(scriptName, parent.show_, parent.extra_, parent.depth_ + 1) {}
+    : Sequencer(scriptName, parent.show_, parent.extra_, parent.depth_ + 1) {
+    // A checked show reads a nested script when its composite is made, since nothing runs.
+    if (show_.check) checkAll();
+}
 
 Sequencer::Sequencer(const std::string& scriptName, Show& show, const ExtraComponents* extra, int depth)
     : scriptName_(scriptName), show_(show), extra_(extra), depth_(depth) {
@@ -61,23 +64,32 @@ void Sequencer::read(float t) {
     releaseIfUnplaced(current);
 }
 
+Sequencer::LineStart Sequencer::readLineStart(std::string& keyword) {
+    const char first = parser_.peekChar();
+    if (first >= '0' && first <= '9') return LineStart::entry;
+    if (first == '%') {
+        skipBlockComment();
+        return LineStart::done;
+    }
+    keyword = parser_.getTokenCopy();
+    if (keyword == "add") {
+        show_.repository.load(parser_);
+        return LineStart::done;
+    }
+    if (keyword == "sub") {
+        show_.repository.sub(parser_.getTokenCopy());
+        return LineStart::done;
+    }
+    return LineStart::keyword;
+}
+
 void Sequencer::readLines(float t, Component*& current) {
+    std::string keyword;
     while (parser_.nextLine()) {
-        const char first = parser_.peekChar();
-        if (first >= '0' && first <= '9') {
-            readEntry(current);
-            continue;
-        }
-        if (first == '%') {
-            skipBlockComment();
-            continue;
-        }
-        const std::string keyword = parser_.getTokenCopy();
-        if (keyword == "add") {
-            show_.repository.load(parser_);
-        } else if (keyword == "sub") {
-            show_.repository.sub(parser_.getTokenCopy());
-        } else if (keyword == "wait") {
+        const LineStart start = readLineStart(keyword);
+        if (start == LineStart::entry) readEntry(current);
+        if (start != LineStart::keyword) continue;
+        if (keyword == "wait") {
             waitTime_ = readTime("wait");
             if (t <= waitTime_) return;  // a wait already past does not stop reading
         } else if (keyword == "waitFrame") {

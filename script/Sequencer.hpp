@@ -56,6 +56,10 @@ public:
     // Reads script lines until a wait whose time has not come, a "waitFrame", an
     // "endDemo" or the end of the script.
     void read(float t);
+    // Reads the whole script without playing it (the show's check must be set): builds
+    // every resource and component, passes over waits, and keeps each error with its
+    // place in the check instead of stopping.
+    void checkAll();
 
     const std::string& scriptName() const { return scriptName_; }
     SequencerFactory& factory() { return factory_; }
@@ -65,6 +69,11 @@ public:
 
 private:
     Sequencer(const std::string& scriptName, Show& show, const ExtraComponents* extra, int depth);
+    // How a line begins. Block comments and declarations ("add", "sub") are read the same
+    // way when playing and when checking, and are done with here; an entry line is left
+    // to the caller; otherwise `keyword` holds the line's first word.
+    enum class LineStart { entry, done, keyword };
+    LineStart readLineStart(std::string& keyword);
     void readLines(float t, Component*& current);
     void readEntry(Component* current);
     float readTime(const char* what);

@@ -67,7 +67,8 @@ public:
 // The full keyword listing, as the log shows it, for --list-components.
 void writeComponentList(std::ostream& os);
 // The script reference page (docs/components.md): every keyword with its class,
-// parameters and description, and whether this build can create it.
-void writeComponentReferenceMarkdown(std::ostream& os);
+// parameters and description, whether this build can create it, and its picture when
+// `picturesDir` holds KEYWORD.png (linked as pictures/components/KEYWORD.png).
+void writeComponentReferenceMarkdown(std::ostream& os, const std::string& picturesDir = "");
 
 }  // namespace vz

@@ -9,6 +9,7 @@
 #include <unordered_map>
 
 #include "script/Repository.hpp"
+#include "script/ScriptCheck.hpp"
 
 namespace vz {
 
@@ -20,6 +21,9 @@ public:
 
     Repository repository;
     bool ended = false;  // set by "endDemo" in any script; the frame loop tests it
+    // Set while the scripts are only checked, not played: nested scripts are then read
+    // through as soon as their composite is made, and music files are opened at once.
+    ScriptCheck* check = nullptr;
 
     // The show's one T, default-made on first use. A subsystem keeps its show-wide state
     // in a struct of its own and reaches it through here, never through a global.

@@ -35,12 +35,27 @@ const char* usageText() {
            "                     as a 44100 Hz stereo 16-bit WAV\n"
            "  --memory-limit MIB the most memory the demo's layers and slot pools may take,\n"
            "                     in MiB (default 4096)\n"
+           "  --start T          begin the show at time T (earlier frames run without being shown)\n"
+           "  --watch            reload when a file of the demo changes and go back to the same\n"
+           "                     time; a failing script is shown and retried on the next change\n"
+           "  --check            read every script, key file, material, picture and music file\n"
+           "                     the demo names without playing it; report every error found\n"
+           "                     (status 1 if any)\n"
+           "  --record FILE      headless: a video of the show with its music through ffmpeg\n"
+           "                     (any container ffmpeg knows, e.g. show.mp4), at --fps\n"
+           "  --pack DIR OUT.zip pack the demo DIR into a zip archive that plays: config.txt\n"
+           "                     first, then every file the scripts name; lists files left out\n"
+           "  --force            let --pack overwrite OUT.zip\n"
            "  --list-components  print every component keyword with its description and syntax\n"
-           "                     (add --markdown for the reference page)\n"
+           "                     (add --markdown for the reference page, and --pictures DIR\n"
+           "                     for the pictures of the keywords there)\n"
            "  --help             this text\n"
            "  --version          the player's version\n"
            "\n"
-           "Keys: Escape ends the show, Space logs the current time, F11 toggles full screen.\n"
+           "Keys: Escape ends the show, Space logs the current time, F11 toggles full screen,\n"
+           "P pauses and resumes, period draws one more frame while paused, Left/Right seek one\n"
+           "second, Page Up/Page Down ten seconds, Home goes back to the start, F12 writes a\n"
+           "screenshot shot-0001.png, ... into the demo directory.\n"
            "The log is written to logfile.txt in the demo directory.\n"
            "Exit status: 0 after a normal end; 1 after a fatal error in a headless run, or when the\n"
            "display cannot be opened; 2 for bad usage.\n";
@@ -75,10 +90,27 @@ Options parseCommandLine(int argc, const char* const* argv) {
             const double mib = parseNumber(arg, value(i, arg));
             if (mib < 1 || mib > 1 << 20) throw UsageError("--memory-limit must be between 1 and 1048576 MiB");
             options.memoryLimit = static_cast<std::int64_t>(mib * 1048576.0);
+        } else if (arg == "--start") {
+            options.start = parseNumber(arg, value(i, arg));
+            if (*options.start < 0) throw UsageError("--start needs a time of 0 or more");
+        } else if (arg == "--watch") {
+            options.watch = true;
+        } else if (arg == "--check") {
+            options.check = true;
+        } else if (arg == "--record") {
+            options.record = value(i, arg);
+            options.headless = true;
+        } else if (arg == "--pack") {
+            options.packDir = value(i, arg);
+            options.packOut = value(i, arg);
+        } else if (arg == "--force") {
+            options.force = true;
         } else if (arg == "--list-components") {
             options.listComponents = true;
         } else if (arg == "--markdown") {
             options.markdown = true;
+        } else if (arg == "--pictures") {
+            options.picturesDir = value(i, arg);
         } else if (arg == "--help" || arg == "-h") {
             options.help = true;
         } else if (arg == "--version") {

@@ -25,8 +25,16 @@ struct Options {
     std::string dumpFramesDir;
     std::string audioOut;
     std::int64_t memoryLimit = MemoryBudget::defaultLimit;  // bytes
+    std::optional<double> start;                            // begin the show at this time (fast-forwarded)
+    bool watch = false;                                     // reload when the demo's files change
+    bool check = false;                                     // read every script without playing, report errors
+    std::string record;                                     // headless: a video of the show through ffmpeg
+    std::string packDir;                                    // --pack DIR OUT.zip
+    std::string packOut;
+    bool force = false;  // --pack may overwrite OUT.zip
     bool listComponents = false;
-    bool markdown = false;  // with --list-components: the reference as Markdown
+    bool markdown = false;    // with --list-components: the reference as Markdown
+    std::string picturesDir;  // with --markdown: where the keywords' pictures are
     bool help = false;
     bool version = false;
 };

@@ -8,7 +8,9 @@
 #include "core/error.hpp"
 #include "script/SequencerFactory.hpp"
 #include "shell/CommandLine.hpp"
+#include "shell/DemoCheck.hpp"
 #include "shell/Player.hpp"
+#include "shell/VideoRecorder.hpp"
 #include "shell/display/Display.hpp"
 
 namespace fs = std::filesystem;
@@ -37,6 +39,7 @@ void makeOutputsAbsolute(vz::Options& options) {
     for (auto& shot : options.shots) shot.file = fs::absolute(shot.file).string();
     if (!options.dumpFramesDir.empty()) options.dumpFramesDir = fs::absolute(options.dumpFramesDir).string();
     if (!options.audioOut.empty()) options.audioOut = fs::absolute(options.audioOut).string();
+    if (!options.record.empty()) options.record = fs::absolute(options.record).string();
 }
 
 // Chooses the demo and enters it: a directory becomes the working directory; a zip
@@ -68,15 +71,21 @@ int main(int argc, char** argv) {
         }
         if (options.listComponents) {
             if (options.markdown)
-                vz::writeComponentReferenceMarkdown(std::cout);
+                vz::writeComponentReferenceMarkdown(std::cout, options.picturesDir);
             else
                 vz::writeComponentList(std::cout);
             return 0;
         }
         vz::MemoryBudget::setLimit(options.memoryLimit);
+        if (!options.packDir.empty()) return vz::packDemo(options.packDir, options.packOut, options.force);
+        if (!options.record.empty() && vz::VideoRecorder::findProgram("ffmpeg").empty()) {
+            std::fputs("vzplayer: --record needs the program ffmpeg, which is not on PATH\n", stderr);
+            return 1;
+        }
         makeOutputsAbsolute(options);
         if (!options.dumpFramesDir.empty()) fs::create_directories(options.dumpFramesDir);
         enterDemo(options, argv[0]);
+        if (options.check) return vz::runCheck();
     } catch (const vz::UsageError& e) {
         std::fprintf(stderr, "vzplayer: %s\n%s", e.what(), vz::usageText());
         return 2;

@@ -32,6 +32,10 @@ struct Key {
 inline constexpr Key escapeKey{27, false, false, false};
 inline constexpr Key spaceKey{32, false, false, false};
 
+// Keys without a character get codes above the character range; backends translate
+// their own codes into these.
+enum KeyCode : int { keyLeft = 0x110000, keyRight, keyPageUp, keyPageDown, keyHome, keyF12 };
+
 // Failures of the display layer (no window, no renderer, ...).
 class DisplayError : public std::runtime_error {
 public:
@@ -50,6 +54,9 @@ public:
     virtual void update() = 0;
     virtual bool key() = 0;  // a key press is waiting; never blocks
     virtual Key read() = 0;  // takes the waiting key
+    // Sleeps until input arrives or `milliseconds` have passed (a paused or stalled
+    // player waits here instead of spinning). Headless: returns at once.
+    virtual void wait(int /*milliseconds*/) {}
 };
 
 // The frame buffer: width x height pixels in system memory, kept locked for the run.

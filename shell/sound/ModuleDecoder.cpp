@@ -28,7 +28,8 @@ int volumeToMillibel(int volume) { return static_cast<int>(std::lround(2000.0 * 
 
 class ModuleDecoder : public MusicDecoder {
 public:
-    ModuleDecoder(std::unique_ptr<openmpt::module> module) : module_(std::move(module)) {}
+    ModuleDecoder(std::unique_ptr<openmpt::module> module)
+        : module_(std::move(module)), start_(module_->get_position_seconds()) {}
 
     std::size_t render(std::int16_t* out, std::size_t frames) override {
         const int volume = wantedVolume_.load(std::memory_order_relaxed);
@@ -48,8 +49,17 @@ public:
 
     void setVolume(int volume) override { wantedVolume_.store(std::clamp(volume, 0, 255), std::memory_order_relaxed); }
 
+    void seek(double seconds) override {
+        // The module loops, so a position past its end comes round to its start again.
+        double target = start_ + std::max(seconds, 0.0);
+        const double length = module_->get_duration_seconds();
+        if (length > 0.0) target = std::fmod(target, length);
+        module_->set_position_seconds(target);
+    }
+
 private:
     std::unique_ptr<openmpt::module> module_;
+    double start_;  // where the module was opened to start, in seconds
     std::atomic<int> wantedVolume_{255};
     int appliedVolume_ = 255;  // touched only by the rendering thread
 };

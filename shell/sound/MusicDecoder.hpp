@@ -19,6 +19,9 @@ public:
     // Master volume 0-255. Safe to call from the main thread while another thread
     // renders: the new volume takes effect at the next rendered block.
     virtual void setVolume(int /*volume*/) {}
+    // Moves the playing position to `seconds` after where the music was opened to start,
+    // as if that much had been rendered from there (main thread, while nothing renders it).
+    virtual void seek(double seconds) = 0;
 };
 
 // A tracker module (any format libopenmpt plays) positioned at the start of `order`,

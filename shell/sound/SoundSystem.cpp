@@ -59,6 +59,11 @@ struct SoundSystem::State {
     std::unique_ptr<MusicDecoder> music;
     MusicKind kind = MusicKind::none;
     double musicStart = 0.0;  // a stream's position when it started, in seconds
+    double musicBase = 0.0;   // device mode: seconds of the music heard before the device clock's restart
+
+    // Holding (fast-forward, pause): the music kept back from the device.
+    bool holding = false;
+    std::unique_ptr<MusicDecoder> parked;
 
     // Lock-step rendering.
     std::int64_t frameIndex = 0;
@@ -90,7 +95,22 @@ struct SoundSystem::State {
         device.unlock();
         kind = music ? nextKind : MusicKind::none;
         musicStart = start;
+        musicBase = 0.0;
         musicFrames = 0;
+    }
+
+    // The samples frame `frameIndex` covers at the frame rate.
+    std::size_t framesOfThisFrame() const {
+        const double samplesPerFrame = sampleRate / framesPerSecond;
+        const auto first = std::llround(static_cast<double>(frameIndex) * samplesPerFrame);
+        const auto next = std::llround(static_cast<double>(frameIndex + 1) * samplesPerFrame);
+        return static_cast<std::size_t>(next - first);
+    }
+
+    // Seconds of the current music heard so far.
+    double heard() {
+        if (mode == AudioMode::lockStep || holding) return static_cast<double>(musicFrames) / sampleRate;
+        return musicBase + clock->position(DeviceClock::Clock::now());
     }
 
     void restartTimer() {
@@ -108,7 +128,25 @@ struct SoundSystem::State {
         // Without a working device nothing is loaded: the show goes on with the timer.
         auto next = canPlay() ? loadMusic(name, nextKind, where) : nullptr;
         logout() << "playing of " << name << lend;
+        if (holding) {
+            // Kept back until release(); the clock counts it as playing from now.
+            kind = next ? nextKind : MusicKind::none;
+            parked = std::move(next);
+            musicStart = start;
+            musicFrames = 0;
+            return;
+        }
         install(std::move(next), nextKind, start);
+    }
+
+    // Device mode runs the timer on real time, and frame by frame while holding; the
+    // reading carries over either way.
+    void driveTimer(double fps) {
+        if (mode != AudioMode::device) return;
+        const double now = timer.time();
+        timer.driveByFrames(fps);
+        timer.set(now);
+        timer.start();
     }
 };
 
@@ -151,13 +189,12 @@ void SoundSystem::initialise(bool nosound, AudioMode mode, double framesPerSecon
 float SoundSystem::currentTime() {
     State& s = *state_;
     if (s.kind == MusicKind::none) return static_cast<float>(s.timer.time() + s.timeOffset);
-    const double heard = s.mode == AudioMode::lockStep ? static_cast<double>(s.musicFrames) / sampleRate
-                                                       : s.clock->position(DeviceClock::Clock::now());
-    return static_cast<float>(s.musicStart + heard + s.timeOffset);
+    return static_cast<float>(s.musicStart + s.heard() + s.timeOffset);
 }
 
 void SoundSystem::close() {
     State& s = *state_;
+    if (s.holding) release();
     s.install(nullptr, MusicKind::none, 0.0);
     s.device.close();
     s.clock.reset();
@@ -173,7 +210,9 @@ void SoundSystem::playStream(const std::string& fileName, int startMs, float tim
 }
 
 void SoundSystem::setModuleVolume(int volume) {
-    if (state_->kind == MusicKind::module) state_->music->setVolume(volume);
+    State& s = *state_;
+    MusicDecoder* module = s.holding ? s.parked.get() : s.music.get();
+    if (s.kind == MusicKind::module && module) module->setVolume(volume);
 }
 
 bool SoundSystem::nosound() const { return state_->nosound; }
@@ -187,12 +226,16 @@ void SoundSystem::setAudioOut(const std::string& path) {
 
 void SoundSystem::endFrame() {
     State& s = *state_;
+    if (s.holding) {
+        // The frame's time passes in silence: nothing is rendered nor written.
+        s.timer.frameDone();
+        if (s.kind != MusicKind::none) s.musicFrames += static_cast<std::int64_t>(s.framesOfThisFrame());
+        ++s.frameIndex;
+        return;
+    }
     if (s.mode != AudioMode::lockStep) return;
     s.timer.frameDone();
-    const double samplesPerFrame = sampleRate / s.framesPerSecond;
-    const auto first = std::llround(static_cast<double>(s.frameIndex) * samplesPerFrame);
-    const auto next = std::llround(static_cast<double>(s.frameIndex + 1) * samplesPerFrame);
-    const auto frames = static_cast<std::size_t>(next - first);
+    const std::size_t frames = s.framesOfThisFrame();
     s.frameAudio.resize(frames * channelCount);
     renderOrSilence(s.music.get(), s.frameAudio.data(), frames);
     if (s.kind != MusicKind::none) s.musicFrames += static_cast<std::int64_t>(frames);
@@ -201,6 +244,46 @@ void SoundSystem::endFrame() {
 }
 
 const std::vector<std::int16_t>& SoundSystem::lastFrameAudio() const { return state_->frameAudio; }
+
+void SoundSystem::hold() {
+    State& s = *state_;
+    if (s.holding) return;
+    if (s.kind != MusicKind::none) s.musicFrames = std::llround(s.heard() * sampleRate);
+    s.holding = true;
+    s.driveTimer(s.framesPerSecond);
+    s.device.lock();
+    std::swap(s.parked, s.music);
+    s.device.unlock();
+}
+
+void SoundSystem::release() {
+    State& s = *state_;
+    if (!s.holding) return;
+    s.holding = false;
+    s.driveTimer(0.0);
+    // From the clock's reading, not from where the decoder stopped: a device had taken
+    // samples ahead of what was heard.
+    if (s.parked) s.parked->seek(static_cast<double>(s.musicFrames) / sampleRate);
+    s.device.lock();
+    std::swap(s.music, s.parked);
+    if (s.clock) s.clock->restart();
+    s.device.unlock();
+    s.parked.reset();
+    s.musicBase = static_cast<double>(s.musicFrames) / sampleRate;
+}
+
+bool SoundSystem::holding() const { return state_->holding; }
+
+void SoundSystem::restartClock() {
+    State& s = *state_;
+    s.parked.reset();
+    s.kind = MusicKind::none;
+    s.musicStart = 0.0;
+    s.musicFrames = 0;
+    s.timeOffset = 0.0f;
+    s.frameIndex = 0;
+    s.restartTimer();
+}
 
 SoundSystem::DeviceStatistics SoundSystem::deviceStatistics() const {
     const State& s = *state_;

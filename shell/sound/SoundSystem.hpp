@@ -74,6 +74,18 @@ public:
     // The interleaved stereo samples the last endFrame() rendered.
     const std::vector<std::int16_t>& lastFrameAudio() const;
 
+    // Holding: the music goes silent and the show's clock runs by frames at the rate
+    // given to initialise(), moved on only by endFrame(), which then renders nothing.
+    // The player holds while it fast-forwards to a seek target and while it is paused;
+    // music started meanwhile is loaded but kept back. release() moves the music to
+    // the clock's reading (modules by time, streams by position) and lets it play on.
+    void hold();
+    void release();
+    bool holding() const;
+    // While holding: back to time 0 for a show that starts afresh (no music, no
+    // offset), with the frame count of a fresh start.
+    void restartClock();
+
     // What the device thread has done so far (device mode), for measurements.
     struct DeviceStatistics {
         bool deviceOpen = false;

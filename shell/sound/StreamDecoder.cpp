@@ -1,4 +1,6 @@
 // MP3 streams through libmpg123, decoded from the file's bytes held in memory.
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstring>
 #include <mutex>
@@ -46,6 +48,7 @@ public:
         mpg123_scan(handle_);
         if (startMs > 0) {
             off_t target = static_cast<off_t>(startMs) * sampleRate / 1000;
+            startFrame_ = target;
             if (mpg123_seek(handle_, target, SEEK_SET) < 0) finished_ = true;  // past the end
         }
         return true;
@@ -61,6 +64,11 @@ public:
                 finished_ = true;
         }
         return done;
+    }
+
+    void seek(double seconds) override {
+        const auto target = static_cast<off_t>(startFrame_ + std::llround(std::max(seconds, 0.0) * sampleRate));
+        finished_ = mpg123_seek(handle_, target, SEEK_SET) < 0;  // past the end
     }
 
 private:
@@ -93,6 +101,7 @@ private:
     std::vector<std::uint8_t> bytes_;
     std::size_t position_ = 0;
     mpg123_handle* handle_ = nullptr;
+    off_t startFrame_ = 0;  // the sample frame it was opened to start at
     bool finished_ = false;
 };
 

@@ -100,7 +100,8 @@ TEST(PlayerRun, ComponentListingOnStandardOutput) {
 
 TEST(PlayerRun, TheComponentReferenceIsUpToDate) {
     ScratchDir dir;
-    RunResult run = runPlayer({"--list-components", "--markdown"}, dir.path().string());
+    const std::string pictures = (fs::path(VZ_SOURCE_DIR) / "docs" / "pictures" / "components").string();
+    RunResult run = runPlayer({"--list-components", "--markdown", "--pictures", pictures}, dir.path().string());
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.standardOutput, readFile(fs::path(VZ_SOURCE_DIR) / "docs" / "components.md"))
         << "docs/components.md is stale: run `make docs`";

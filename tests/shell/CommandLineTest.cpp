@@ -20,6 +20,11 @@ TEST(CommandLine, ReadsEveryOption) {
     EXPECT_EQ(std::vector<double>({o.shots[0].time, o.shots[1].time}), std::vector<double>({1.5, 3.0}));
     EXPECT_EQ(o.shots[0].file + o.shots[1].file, "a.pngb.png");
     EXPECT_EQ(o.dumpFramesDir + " " + o.audioOut + " " + o.demo, "frames music.wav demos/x");
+    // A recording is always headless; --pack takes two values.
+    Options a = parse({"--record", "show.mp4", "--start", "7.5", "--pack", "in", "out.zip", "--force", "--check"});
+    EXPECT_TRUE(a.headless && a.force && a.check && !a.watch && parse({"--watch"}).watch);
+    EXPECT_EQ(a.start.value_or(-1), 7.5);
+    EXPECT_EQ(a.record + " " + a.packDir + " " + a.packOut, "show.mp4 in out.zip");
 }
 
 TEST(CommandLine, BadUsageSaysWhatIsWrong) {
@@ -34,6 +39,8 @@ TEST(CommandLine, BadUsageSaysWhatIsWrong) {
         {{"--colour"}, "unknown option --colour"},
         {{"a", "b"}, "only one demo can be played, got 'a' and 'b'"},
         {{"--audio-out", "x.wav"}, "--audio-out needs --headless (the music is rendered in step with the frames)"},
+        {{"--start", "-1"}, "--start needs a time of 0 or more"},
+        {{"--pack", "demo"}, "--pack needs a value"},
     };
     for (const auto& [args, message] : cases) {
         try {

@@ -60,6 +60,10 @@ public:
         return !keys_.empty();
     }
 
+    void wait(int milliseconds) override {
+        if (keys_.empty()) SDL_WaitEventTimeout(nullptr, milliseconds);
+    }
+
     Key read() override {
         pumpEvents();
         if (keys_.empty()) return Key{};
@@ -69,6 +73,18 @@ public:
     }
 
 private:
+    static int keyCode(SDL_Keycode code) {
+        switch (code) {
+        case SDLK_LEFT: return keyLeft;
+        case SDLK_RIGHT: return keyRight;
+        case SDLK_PAGEUP: return keyPageUp;
+        case SDLK_PAGEDOWN: return keyPageDown;
+        case SDLK_HOME: return keyHome;
+        case SDLK_F12: return keyF12;
+        default: return static_cast<int>(code);
+        }
+    }
+
     void pumpEvents() {
         SDL_Event event;
         while (SDL_PollEvent(&event)) {
@@ -80,7 +96,7 @@ private:
                     toggleFullScreen();
                     continue;
                 }
-                keys_.push_back(Key{static_cast<int>(sym.sym), (sym.mod & KMOD_ALT) != 0, (sym.mod & KMOD_SHIFT) != 0,
+                keys_.push_back(Key{keyCode(sym.sym), (sym.mod & KMOD_ALT) != 0, (sym.mod & KMOD_SHIFT) != 0,
                                     (sym.mod & KMOD_CTRL) != 0});
             }
         }
