@@ -103,7 +103,8 @@ TEST(SampleDemo, PlaysToItsEndHeadless) {
     RunResult run = runPlayer(showArguments("sample", "shot-", {"--audio-out", "music.wav"}), dir.path().string());
     ASSERT_EQ(run.status, 0) << run.standardError;
     // A capture ends with its summary; nothing else is said.
-    EXPECT_EQ(run.standardError.substr(0, 53), "vzplayer: 1878 frames, show time 0.00 to 75.04 s, in ");
+    const std::string summary = "vzplayer: 2628 frames, show time 0.00 to 105.04 s, in ";
+    EXPECT_EQ(run.standardError.substr(0, summary.size()), summary);
     EXPECT_EQ(std::count(run.standardError.begin(), run.standardError.end(), '\n'), 1);
 
     expectSameAs(maskedLogLines("sample/logfile.txt"), "sample.log");
@@ -111,8 +112,8 @@ TEST(SampleDemo, PlaysToItsEndHeadless) {
 
     const std::vector<std::int16_t> wav = wavSamples("music.wav");
     // Every video frame adds 44100 / 25 sample frames, whether music plays or not, up to
-    // and including the frame that reads "endDemo" (at 75 s of music time): 1878 frames.
-    EXPECT_EQ(wav.size() / 2, 1878u * 1764);
+    // and including the frame that reads "endDemo" (at 105 s of music time): 2628 frames.
+    EXPECT_EQ(wav.size() / 2, 2628u * 1764);
     for (double t = 1; t < 59; t += 4) EXPECT_GT(loudness(wav, t, t + 1), 100.0) << "silent at " << t << " s";
     EXPECT_LT(loudness(wav, 59.5, 60), loudness(wav, 50, 51) / 4) << "the music fades out";
 
