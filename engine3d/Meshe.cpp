@@ -21,8 +21,7 @@ void Meshe::setUniformScale(float s) {
 }
 
 void Meshe::keep(const std::shared_ptr<Material>& material) {
-    if (std::find(materials_.begin(), materials_.end(), material) == materials_.end())
-        materials_.push_back(material);
+    if (std::find(materials_.begin(), materials_.end(), material) == materials_.end()) materials_.push_back(material);
 }
 
 void Meshe::bind(Face& face, const std::shared_ptr<Material>& material) {

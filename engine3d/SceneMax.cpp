@@ -23,8 +23,7 @@ void fill(KeytrackVector3& track, const KeyList& keys, Interpolation interpolati
 SceneMax::SceneMax(const SceneExport& scene, std::vector<std::shared_ptr<Meshe>> meshes) : meshes_(std::move(meshes)) {
     objectTracks.resize(scene.objects.size());
     for (std::size_t i = 0; i < scene.objects.size(); ++i) {
-        makeRoot(*meshes_[i]);
-        meshes_[i]->firstChild = nullptr;
+        meshes_[i]->parent = meshes_[i]->firstChild = meshes_[i]->nextSibling = nullptr;
         objects.push_back(meshes_[i].get());
         logout() << "Model Keytrack building : index = " << i << lend;
         const SceneObjectRecord& object = scene.objects[i];

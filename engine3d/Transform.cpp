@@ -117,8 +117,8 @@ void addFaces(RenderContext& context, const Meshe& mesh) {
             inAll &= cv.outside;
             inAny |= cv.outside;
             distance += static_cast<R>(cv.p.z);
-            polygon[k] = {{static_cast<R>(cv.p.x), static_cast<R>(cv.p.y), static_cast<R>(cv.p.z), v.u, v.v, v.u2,
-                           v.v2, v.r, v.g, v.b}};
+            polygon[k] = {{static_cast<R>(cv.p.x), static_cast<R>(cv.p.y), static_cast<R>(cv.p.z), v.u, v.v, v.u2, v.v2,
+                           v.r, v.g, v.b}};
         }
         if (inAll) continue;  // wholly outside one plane of the view
         int n = 3;
@@ -156,8 +156,8 @@ void addFaces(RenderContext& context, const Meshe& mesh) {
             continue;
         }
         const int sequence = static_cast<int>(context.faces.size());
-        context.faces.push_back({face.material, face.materialId, face.flatColor, first, n,
-                                 static_cast<float>(distance / 3), sequence});
+        context.faces.push_back(
+            {face.material, face.materialId, face.flatColor, first, n, static_cast<float>(distance / 3), sequence});
     }
 }
 
@@ -208,8 +208,8 @@ ProjectedPoint project(const CameraView& camera, const Vec3T<double>& p) {
             static_cast<float>(nearDepth / p.z)};
 }
 
-bool projectSegment(const RenderContext& context, const Vec3T<double>& a, const Vec3T<double>& b,
-                    ProjectedPoint& pa, ProjectedPoint& pb) {
+bool projectSegment(const RenderContext& context, const Vec3T<double>& a, const Vec3T<double>& b, ProjectedPoint& pa,
+                    ProjectedPoint& pb) {
     if (a.z < nearPlane && b.z < nearPlane) return false;
     Vec3T<double> from = a, to = b;
     if (from.z < nearPlane) from = a + (b - a) * ((nearPlane - a.z) / (b.z - a.z));
