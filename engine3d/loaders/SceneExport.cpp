@@ -68,6 +68,7 @@ private:
     int lineNumber_ = 0;
     std::vector<std::string> tokens_;
     int depth_ = 0;
+    int lineDepth_ = 0;   // the depth before the current line's braces
     int nodeDepth_ = -1;  // the depth at which the current node's block closes
     NodeKind node_ = NodeKind::None;
     int nodeTransforms_ = 0;  // *NODE_TM blocks seen in this node
@@ -116,7 +117,7 @@ void Reader::addTurn(RawRotation& turns, float time, const AxisAngle& turn) cons
 
 void Reader::startNode(NodeKind kind) {
     node_ = kind;
-    nodeDepth_ = depth_;
+    nodeDepth_ = lineDepth_;
     nodeTransforms_ = nodeAnimations_ = 0;
     inTarget_ = false;
     if (kind == NodeKind::Object) {
@@ -267,6 +268,7 @@ SceneExport Reader::read() {
         ++lineNumber_;
         tokens_ = tokensOf(std::string(bytes.begin() + start, bytes.begin() + end));
         start = end + 1;
+        lineDepth_ = depth_;
         for (const std::string& token : tokens_) {
             if (token == "{") ++depth_;
             if (token == "}" && --depth_ <= nodeDepth_) {
