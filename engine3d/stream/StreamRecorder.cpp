@@ -27,11 +27,17 @@ StreamRecorder::StreamRecorder(const std::string& fileName, const std::vector<in
     put32(frame_, frameId);
     put32(frame_, chunkHeaderSize);
     put32(frame_, floatBits(0.0f));
-    std::fwrite(frame_.data(), 1, frame_.size(), file_);
+    write();
+    std::fflush(file_);
     size_ = static_cast<std::uint32_t>(frame_.size());
 }
 
 StreamRecorder::~StreamRecorder() { close(); }
+
+void StreamRecorder::write() {
+    if (std::fwrite(frame_.data(), 1, frame_.size(), file_) != frame_.size())
+        fatal("Streamer : can not write " + fileName_);
+}
 
 void StreamRecorder::mark(const std::uint32_t* ids, int width, int height) {
     for (int y = 1; y < height - 1; ++y) {
@@ -89,7 +95,7 @@ void StreamRecorder::writeFrame(float time) {
         set32(frame_, start + 4, static_cast<std::uint32_t>(frame_.size() - start));
     }
     set32(frame_, 4, static_cast<std::uint32_t>(frame_.size()));
-    std::fwrite(frame_.data(), 1, frame_.size(), file_);
+    write();
     size_ += static_cast<std::uint32_t>(frame_.size());
     logout() << "Streamer: size of Frame = " << frame_.size() << lend;
 }

@@ -34,6 +34,8 @@ public:
     std::vector<std::uint8_t>& visibility(int object) { return faces_[object]; }
 
 private:
+    void write();  // the frame buffer to the file
+
     std::string fileName_;
     std::FILE* file_ = nullptr;
     std::vector<std::uint8_t> frame_;  // grows with the largest frame, then reused
