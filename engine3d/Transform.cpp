@@ -6,6 +6,7 @@
 
 #include "core/Layer.hpp"
 #include "engine3d/Clipping.hpp"
+#include "engine3d/Scene.hpp"
 #include "script/Material.hpp"
 
 namespace vz {
@@ -201,6 +202,17 @@ void sortFarToNear(RenderContext& context) {
         if (a.distance != b.distance) return a.distance > b.distance;
         return a.sequence < b.sequence;
     });
+}
+
+void projectScene(RenderContext& context, Scene& scene, const Layer& target, float time) {
+    const int index = scene.currentCamera;
+    if (index < 0 || index >= static_cast<int>(scene.cameras.size())) {
+        context.clearFaces();
+        return;
+    }
+    beginFrame(context, *scene.cameras[static_cast<std::size_t>(index)], target);
+    for (Meshe* mesh : scene.objects) addMeshe(context, *mesh, time);
+    sortFarToNear(context);
 }
 
 ProjectedPoint project(const CameraView& camera, const Vec3T<double>& p) {

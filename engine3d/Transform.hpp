@@ -49,6 +49,11 @@ void addMeshe(RenderContext& context, Meshe& mesh, float time);
 // Sorts the faces far to near; faces at the same distance keep their arrival order.
 void sortFarToNear(RenderContext& context);
 
+class Scene;
+// The whole frame of a scene: beginFrame with the scene's current camera, every object
+// added, the faces sorted far to near. A scene without a camera draws nothing.
+void projectScene(RenderContext& context, Scene& scene, const Layer& target, float time);
+
 // A camera-space point in front of the near plane, projected.
 struct ProjectedPoint {
     float px = 0, py = 0, depth = 0;

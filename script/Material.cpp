@@ -67,6 +67,12 @@ std::unique_ptr<Material> Material::load(const std::string& fileName, Repository
     return material;
 }
 
+std::shared_ptr<Material> sharedMaterial(Repository& repository, const std::string& name) {
+    const Symbol& symbol = *repository.aquire(name);
+    Repository::dataAs<Material>(symbol);
+    return std::static_pointer_cast<Material>(symbol.shared());
+}
+
 namespace {
 
 std::unique_ptr<Resource> buildMaterial(TextParser& parser, Repository& repository) {

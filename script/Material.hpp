@@ -46,4 +46,8 @@ public:
     std::vector<std::shared_ptr<Resource>> kept;
 };
 
+// The material declared under `name`, shared with the repository so that a mesh or a
+// component can keep it alive; a missing name or another kind is fatal.
+std::shared_ptr<Material> sharedMaterial(Repository& repository, const std::string& name);
+
 }  // namespace vz

@@ -10,6 +10,7 @@
 #include "core/LayerManager.hpp"
 #include "core/error.hpp"
 #include "core/logstream.hpp"
+#include "engine3d/EngineSettings.hpp"
 #include "script/Repository.hpp"
 #include "script/Sequencer.hpp"
 #include "script/SequencerFactory.hpp"
@@ -115,6 +116,7 @@ int playDemo(const Options& options, Console& console) {
         std::fill_n(memory, static_cast<std::size_t>(surface.width()) * static_cast<std::size_t>(surface.height()), 0u);
         // The timeline script.
         Show show;
+        show.settings<EngineSettings>().lowQuality = config.lowQuality;
         Sequencer sequencer("main.txt", show);
         // Scripts refer to the display as "screen".
         show.repository.add(std::move(screenSymbol), "screen");

@@ -12,6 +12,7 @@ AssetList makeAllAssets(const Band& band) {
     addPalettes(assets, band);
     addKeytracks(assets);
     addProceduralKeytracks(assets);
+    addMeshes(assets);
     addMusic(assets);
     return assets;
 }

@@ -23,6 +23,7 @@ void addMaps(AssetList& assets, const Band& band);      // tunnel offsets, light
 void addPalettes(AssetList& assets, const Band& band);  // palette pictures, palette files, LUT palettes
 void addKeytracks(AssetList& assets);                   // key files
 void addProceduralKeytracks(AssetList& assets);         // key files of the procedural section
+void addMeshes(AssetList& assets);                      // meshes, materials and tracks of the 3D section
 void addMusic(AssetList& assets);                       // the tracker module
 
 // Every file of the demo, in a fixed order.
