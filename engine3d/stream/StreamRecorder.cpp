@@ -39,15 +39,14 @@ void StreamRecorder::write() {
         fatal("Streamer : can not write " + fileName_);
 }
 
-void StreamRecorder::mark(const std::uint32_t* ids, int width, int height) {
+void StreamRecorder::mark(const std::uint32_t* ids, int width, int height, std::uint8_t bits) {
     for (int y = 1; y < height - 1; ++y) {
         const std::uint32_t* row = ids + static_cast<std::size_t>(y) * width;
         for (int x = 1; x < width - 1; ++x) {
             const std::uint32_t v = row[x];
             if ((v & 0xFFFF) == 0) continue;
             const std::uint32_t object = v >> 16, face = (v & 0xFFFF) - 1;
-            if (object < faces_.size() && face < faces_[object].size())
-                faces_[object][face] |= visibleBit | everSeenBit;
+            if (object < faces_.size() && face < faces_[object].size()) faces_[object][face] |= bits;
         }
     }
 }

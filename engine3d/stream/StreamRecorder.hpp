@@ -19,8 +19,10 @@ public:
     StreamRecorder& operator=(const StreamRecorder&) = delete;
 
     // An identification picture: each pixel holds object << 16 | (face + 1), 0 where no
-    // face is. The outermost rows and columns are not looked at.
-    void mark(const std::uint32_t* ids, int width, int height);
+    // face is. The outermost rows and columns are not looked at. The faces found take
+    // `bits`: the visible and ever-seen bits, and the second flag when the picture is fed
+    // to both inputs.
+    void mark(const std::uint32_t* ids, int width, int height, std::uint8_t bits = 1 | 64);
     // Appends one sample and logs "Streamer: size of Frame = " and its size.
     void writeFrame(float time);
     // Writes the total size into the header and closes the file (also on destruction).

@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <filesystem>
+
+#include "core/Zbuffer.hpp"
 #include "engine3d/MeshPreparation.hpp"
 #include "engine3d/Scene.hpp"
 #include "engine3d/loaders/GenModels.hpp"
@@ -33,6 +37,19 @@ protected:
             ->run(0);
         return test::pixelsOf(screen);
     }
+    // "add max SceneMax one.ase" with one object "tri" moving as `positionKeys` say,
+    // seen by a camera at the origin looking along the file's second axis (fov 1 radian).
+    void declareSceneMax(const std::string& positionKeys) {
+        test::writeFile("one.ase", "*GEOMOBJECT {\n *NODE_NAME \"tri\"\n *TM_ANIMATION {\n" + positionKeys +
+                                       " }\n}\n*CAMERAOBJECT {\n *NODE_TM {\n  *TM_POS 0 0 0\n }\n"
+                                       " *NODE_TM {\n  *TM_POS 0 10 0\n }\n"
+                                       " *CAMERA_SETTINGS {\n  *TIMEVALUE 0\n  *CAMERA_FOV 1.0\n }\n}\n");
+        test::writeFile("decl.txt", "max SceneMax one.ase\ntri\n");
+        TextParser parser;
+        parser.open("decl.txt");
+        parser.nextLine();
+        show.repository.load(parser);
+    }
     test::Pixels sceneMaxPicture(float time) {
         clear();
         make("sceneMaxPlayerPainter32bpp screen max")->run(time);
@@ -66,20 +83,47 @@ TEST_F(ScenePlayersTest, SceneObjectsAndChildrenDrawAsTheMeshPlayerDraws) {
 }
 
 TEST_F(ScenePlayersTest, SceneMaxDrawsItsObjectsAndCameraAsTheirTracksSay) {
-    // The object moves from file (20, 256, 5) to (-20, 256, 5) in one second; the camera
-    // at the origin looks along the file's second axis with a field of view of 1 radian.
-    test::writeFile("one.ase",
-                    "*GEOMOBJECT {\n *NODE_NAME \"tri\"\n *TM_ANIMATION {\n"
-                    "  *CONTROL_POS_SAMPLE 0 20 256 5\n  *CONTROL_POS_SAMPLE 4800 -20 256 5\n }\n}\n"
-                    "*CAMERAOBJECT {\n *NODE_TM {\n  *TM_POS 0 0 0\n }\n *NODE_TM {\n  *TM_POS 0 10 0\n }\n"
-                    " *CAMERA_SETTINGS {\n  *TIMEVALUE 0\n  *CAMERA_FOV 1.0\n }\n}\n");
-    test::writeFile("decl.txt", "max SceneMax one.ase\ntri\n");
-    TextParser parser;
-    parser.open("decl.txt");
-    parser.nextLine();
-    show.repository.load(parser);
+    // The object moves from file (20, 256, 5) to (-20, 256, 5) in one second.
+    declareSceneMax("  *CONTROL_POS_SAMPLE 0 20 256 5\n  *CONTROL_POS_SAMPLE 4800 -20 256 5\n");
     EXPECT_EQ(sceneMaxPicture(0), meshPlayerPicture("20 5 256"));
     EXPECT_EQ(sceneMaxPicture(0.5f), meshPlayerPicture("0 5 256"));
+}
+
+TEST_F(ScenePlayersTest, AStreamRecordsWhenFacesAppearAndVanishAndPlaysThemBack) {
+    // In view until 1 s, then passing behind the camera by 2 s.
+    declareSceneMax(
+        "  *CONTROL_POS_SAMPLE 0 0 256 0\n  *CONTROL_POS_SAMPLE 4800 0 256 0\n"
+        "  *CONTROL_POS_SAMPLE 9600 0 -256 0\n");
+    Zbuffer& depth = add(std::make_unique<Zbuffer>(64, 40), "zb");
+    test::startLog();
+    {
+        auto recorder = make("sceneMaxStreamRecorder32bpp screen zb max take.str 2");
+        for (float time : {0.25f, 0.5f, 1.0f, 1.5f}) {
+            depth.advanceStamp();
+            recorder->run(time);
+        }
+    }
+    const std::vector<std::string> lines = test::stopLogAndReadLines();
+    // Appears (one entry), stays (an empty chunk), vanishes (one entry).
+    const std::vector<std::string> frames = {"Streamer: size of Frame = 26", "Streamer: size of Frame = 24",
+                                             "Streamer: size of Frame = 26"};
+    EXPECT_NE(std::search(lines.begin(), lines.end(), frames.begin(), frames.end()), lines.end());
+    EXPECT_EQ(std::filesystem::file_size("take.str"), 148u + 76u);
+
+    auto player = make("sceneMaxPlayerStreamer32bpp screen zb max take.str");
+    auto whole = make("sceneMaxPlayerZbuffer32bpp screen zb max");
+    auto picture = [&](Component& component, float time) {
+        clear();
+        depth.advanceStamp();
+        component.run(time);
+        return test::pixelsOf(screen);
+    };
+    const test::Pixels shown = picture(*whole, 0.5f);
+    EXPECT_EQ(std::count(shown.begin(), shown.end(), 0x00C08040u), 109);
+    EXPECT_EQ(picture(*player, 0.5f), shown);
+    // At 1.1 s the sample of 1.5 s is already in force: the face is hidden.
+    EXPECT_NE(picture(*whole, 1.1f), test::Pixels(screen.pixelCount(), 0));
+    EXPECT_EQ(picture(*player, 1.1f), test::Pixels(screen.pixelCount(), 0));
 }
 
 }  // namespace
