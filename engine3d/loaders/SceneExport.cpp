@@ -190,7 +190,12 @@ void Reader::readLine() {
     } else if (key == "*TIMEVALUE") {
         settingsTime_ = seconds(1);
     } else if (key == "*CAMERA_FOV" && camera) {
-        addKey(scene_.cameras.back().fov, settingsTime_, {number(1), 0, 0});
+        // The static settings and the first animated ones both stand at time 0.
+        KeyList& fov = scene_.cameras.back().fov;
+        if (!fov.times.empty() && fov.times.back() == settingsTime_)
+            fov.values.back() = {number(1), 0, 0};
+        else
+            addKey(fov, settingsTime_, {number(1), 0, 0});
     }
 }
 

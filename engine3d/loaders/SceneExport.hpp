@@ -16,7 +16,8 @@
 //   *CONTROL_BEZIER_SCL_KEY t sx sy sz ...        follows is not used
 //   *TM_POS, *TM_ROTAXIS + *TM_ROTANGLE, *TM_SCALE   the one key (time 0) of a channel
 //                                                 that has no keys
-//   *CAMERA_FOV f  (after *TIMEVALUE t)           a field-of-view key, f in radians
+//   *CAMERA_FOV f  (after *TIMEVALUE t)           a field-of-view key, f in radians; a
+//                                                 second key at the same time replaces it
 // Points and scales swap their second and third axes, as the mesh files do. A rotation
 // becomes the three angles (a, b, c) whose matrix, built as the mesh players build it,
 // is the accumulated turn; each angle is moved by whole turns to the one nearest the

@@ -13,6 +13,7 @@ AssetList makeAllAssets(const Band& band) {
     addKeytracks(assets);
     addProceduralKeytracks(assets);
     addMeshes(assets);
+    addSceneAssets(assets);
     addMusic(assets);
     return assets;
 }

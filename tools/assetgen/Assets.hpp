@@ -25,6 +25,7 @@ void addKeytracks(AssetList& assets);                   // key files
 void addProceduralKeytracks(AssetList& assets);         // key files of the procedural section
 void addMeshes(AssetList& assets);                      // meshes, materials and tracks of the 3D section
 void addMusic(AssetList& assets);                       // the tracker module
+void addSceneAssets(AssetList& assets);                 // scene export, pivot mesh and stream of the scene section
 
 // Every file of the demo, in a fixed order.
 AssetList makeAllAssets(const Band& band = Band{});
