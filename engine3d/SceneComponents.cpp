@@ -19,12 +19,6 @@ namespace {
 
 constexpr double degrees = 0.017453292519943295;
 
-// The scene's current camera, or null when initScene has not installed one.
-Camera* currentCamera(Scene& scene) {
-    const int index = scene.currentCamera;
-    return index >= 0 && index < static_cast<int>(scene.cameras.size()) ? scene.cameras[index] : nullptr;
-}
-
 class InitScene : public Component {
 public:
     InitScene(ComponentContext& in) : scene_(in.symbol<Scene>()) {}
@@ -49,7 +43,7 @@ public:
           fov_(in.symbol<KeytrackFloat>()),
           roll_(in.symbol<KeytrackFloat>()) {}
     void run(float time) override {
-        Camera* camera = currentCamera(scene_);
+        Camera* camera = scene_.current();
         if (!camera) return;
         const Vector3 p = position_.sample(time), l = lookAt_.sample(time);
         camera->position = {p.x, p.y, p.z};
@@ -80,7 +74,7 @@ public:
     VertigoCamera(ComponentContext& in)
         : scene_(in.symbol<Scene>()), focus_(in.symbol<KeytrackFloat>()), intensity_(in.symbol<KeytrackFloat>()) {}
     void run(float time) override {
-        Camera* camera = currentCamera(scene_);
+        Camera* camera = scene_.current();
         if (!camera) return;
         const Vec3T<double> from = static_cast<Vec3T<double>>(camera->position);
         const Vec3T<double> line = static_cast<Vec3T<double>>(camera->lookAt) - from;

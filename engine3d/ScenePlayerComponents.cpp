@@ -36,8 +36,7 @@ public:
     Camera* camera(float time) {
         if constexpr (Max) scene.pose(time);
         context.lowQuality = settings_.lowQuality;
-        const int index = scene.currentCamera;
-        return index >= 0 && index < static_cast<int>(scene.cameras.size()) ? scene.cameras[index] : nullptr;
+        return scene.current();
     }
     // The visible faces of every object on `target`, far to near; false without a camera.
     bool project(Layer32bpp& target, float time) {

@@ -57,6 +57,8 @@ private:
     float number(std::size_t index) const;
     Vector3 point(std::size_t first) const { return {number(first), number(first + 2), number(first + 1)}; }
     float seconds(std::size_t index) const;
+    // Refuses a key beyond the capacity or not after the previous one.
+    void checkNextKey(int count, const std::vector<float>& times, float time) const;
     void addKey(KeyList& keys, float time, const Vector3& value) const;
     void addTurn(RawRotation& turns, float time, const AxisAngle& turn) const;
     void startNode(NodeKind kind);
@@ -99,18 +101,19 @@ float Reader::number(std::size_t index) const {
 
 float Reader::seconds(std::size_t index) const { return number(index) / (ticksPerFrame_ * framesPerSecond_); }
 
+void Reader::checkNextKey(int count, const std::vector<float>& times, float time) const {
+    if (count == SceneExport::maxKeys) fail("more than " + std::to_string(SceneExport::maxKeys) + " keys in one track");
+    if (!times.empty() && !(time > times.back())) fail("a key time is not after the previous key's");
+}
+
 void Reader::addKey(KeyList& keys, float time, const Vector3& value) const {
-    if (keys.count() == SceneExport::maxKeys)
-        fail("more than " + std::to_string(SceneExport::maxKeys) + " keys in one track");
-    if (!keys.times.empty() && !(time > keys.times.back())) fail("a key time is not after the previous key's");
+    checkNextKey(keys.count(), keys.times, time);
     keys.times.push_back(time);
     keys.values.push_back(value);
 }
 
 void Reader::addTurn(RawRotation& turns, float time, const AxisAngle& turn) const {
-    if (static_cast<int>(turns.times.size()) == SceneExport::maxKeys)
-        fail("more than " + std::to_string(SceneExport::maxKeys) + " keys in one track");
-    if (!turns.times.empty() && !(time > turns.times.back())) fail("a key time is not after the previous key's");
+    checkNextKey(static_cast<int>(turns.times.size()), turns.times, time);
     turns.times.push_back(time);
     turns.turns.push_back(turn);
 }
