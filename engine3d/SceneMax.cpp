@@ -1,5 +1,7 @@
 #include "engine3d/SceneMax.hpp"
 
+#include <algorithm>
+
 #include "core/logstream.hpp"
 #include "engine3d/Meshe.hpp"
 #include "engine3d/Transform.hpp"
@@ -53,7 +55,8 @@ SceneMax::SceneMax(const SceneExport& scene, std::vector<std::shared_ptr<Meshe>>
 }
 
 void SceneMax::pose(float time) {
-    for (std::size_t i = 0; i < objects.size(); ++i) {
+    // The lists are a Scene's too: the scene components may have changed them.
+    for (std::size_t i = 0; i < std::min(objects.size(), objectTracks.size()); ++i) {
         Meshe& mesh = *objects[i];
         ObjectTracks& tracks = objectTracks[i];
         mesh.lastTime = -1.0f;
@@ -65,7 +68,7 @@ void SceneMax::pose(float time) {
         auto inverse = [](float v) { return v != 0 ? 1.0f / v : 0.0f; };
         mesh.inverseScale = {inverse(s.x), inverse(s.y), inverse(s.z)};
     }
-    for (std::size_t c = 0; c < cameras.size(); ++c) {
+    for (std::size_t c = 0; c < std::min(cameras.size(), cameraTracks.size()); ++c) {
         Camera& camera = *cameras[c];
         CameraTracks& tracks = cameraTracks[c];
         const Vector3 p = tracks.position.sample(time), l = tracks.lookAt.sample(time);
