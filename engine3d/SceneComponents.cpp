@@ -3,6 +3,7 @@
 // linkRoot set the hierarchy, setCamera and vertigoCamera move the current camera.
 #include <cmath>
 #include <string>
+#include <vector>
 
 #include "core/error.hpp"
 #include "engine3d/Camera.hpp"
@@ -22,6 +23,8 @@ constexpr double degrees = 0.017453292519943295;
 class InitScene : public Component {
 public:
     InitScene(ComponentContext& in) : scene_(in.symbol<Scene>()) {}
+    // The scene may outlive this component: it must not keep pointing at its camera.
+    ~InitScene() override { std::erase(scene_.cameras, &camera_); }
     void run(float) override {
         scene_.currentCamera = 0;
         scene_.objects.clear();

@@ -15,11 +15,16 @@ protected:
     SceneComponentsTest()
         : scene(add(std::make_unique<Scene>(), "scn")), a(addMeshe("a")), b(addMeshe("b")), p(addMeshe("p")) {}
     Meshe& addMeshe(const std::string& name) { return add(std::make_unique<Meshe>(3, 1, 3), name); }
-    // Runs the component of each line once, in order, at `time`.
+    // Runs the component of each line once, in order, at `time`; the components live on
+    // with the fixture, as they would on a timeline.
     void runLines(std::initializer_list<const char*> lines, float time = 0) {
-        for (const char* line : lines) make(line)->run(time);
+        for (const char* line : lines) {
+            made.push_back(make(line));
+            made.back()->run(time);
+        }
     }
 
+    std::vector<std::unique_ptr<Component>> made;
     Scene& scene;
     Meshe &a, &b, &p;
 };

@@ -59,9 +59,13 @@ protected:
     // One frame of a Scene: the camera of the mesh players, then `lines`, then the player.
     test::Pixels scenePicture(std::initializer_list<std::string> lines) {
         clear();
-        make("initScene scn")->run(0);
-        make("setCamera scn constVector3 0 0 0 constVector3 0 0 1 constFloat 57.29578 constFloat 0")->run(0);
-        for (const std::string& line : lines) make(line)->run(0);
+        std::vector<std::unique_ptr<Component>> frame;  // alive for the frame, as on a timeline
+        for (const std::string& line :
+             {std::string("initScene scn"),
+              std::string("setCamera scn constVector3 0 0 0 constVector3 0 0 1 constFloat 57.29578 constFloat 0")})
+            frame.push_back(make(line));
+        for (const std::string& line : lines) frame.push_back(make(line));
+        for (auto& component : frame) component->run(0);
         make("scenePlayerPainter32bpp screen scn")->run(0);
         return test::pixelsOf(screen);
     }
