@@ -20,6 +20,12 @@ public:
     std::vector<Meshe*> objects;   // borrowed
     std::vector<Camera*> cameras;  // borrowed, at most maxCameras
     int currentCamera = 0;
+
+    // The camera that looks, or null when there is none at currentCamera.
+    Camera* current() const {
+        return currentCamera >= 0 && currentCamera < static_cast<int>(cameras.size()) ? cameras[currentCamera]
+                                                                                      : nullptr;
+    }
 };
 
 }  // namespace vz

@@ -21,10 +21,10 @@ namespace fs = std::filesystem;
 
 const fs::path sampleDir = fs::path(VZ_SOURCE_DIR) / "demos" / "sample";
 const fs::path expectedDir = fs::path(VZ_SOURCE_DIR) / "tests" / "e2e" / "expected";
-const std::vector<double> shotTimes{1,    6,    12,    16.5,  18.5, 21,   25,   29,   33,   37,   39.5, 41.5,
-                                    43.5, 45,   48,    52,    56,   59.5, 61.5, 64.5, 67.5, 69.4, 70.1, 70.9,
+const std::vector<double> shotTimes{1,    6,    12,   16.5, 18.5, 21,   25,    29,    33,   37,  39.5, 41.5,
+                                    43.5, 45,   48,   52,   56,   59.5, 61.5,  64.5,  67.5, 69.4, 70.1, 70.9,
                                     71.6, 72.5, 73.25, 73.75, 74.5, 76.5, 79.5, 82.5, 85,   87,   89,
-                                    91,   93.5, 95,   97,   99.5, 101,  104};
+                                    91,   93.5, 95,   97,   99.5, 101,  104,  106,  109,  112,  114,  117};
 
 // The arguments of a headless show of `demo` at 25 frames per second, `extra` options,
 // and a shot at each time written to PREFIX TIME.png.
@@ -103,7 +103,7 @@ TEST(SampleDemo, PlaysToItsEndHeadless) {
     RunResult run = runPlayer(showArguments("sample", "shot-", {"--audio-out", "music.wav"}), dir.path().string());
     ASSERT_EQ(run.status, 0) << run.standardError;
     // A capture ends with its summary; nothing else is said.
-    const std::string summary = "vzplayer: 2628 frames, show time 0.00 to 105.04 s, in ";
+    const std::string summary = "vzplayer: 3003 frames, show time 0.00 to 120.04 s, in ";
     EXPECT_EQ(run.standardError.substr(0, summary.size()), summary);
     EXPECT_EQ(std::count(run.standardError.begin(), run.standardError.end(), '\n'), 1);
 
@@ -112,8 +112,8 @@ TEST(SampleDemo, PlaysToItsEndHeadless) {
 
     const std::vector<std::int16_t> wav = wavSamples("music.wav");
     // Every video frame adds 44100 / 25 sample frames, whether music plays or not, up to
-    // and including the frame that reads "endDemo" (at 105 s of music time): 2628 frames.
-    EXPECT_EQ(wav.size() / 2, 2628u * 1764);
+    // and including the frame that reads "endDemo" (at 120 s of music time): 3003 frames.
+    EXPECT_EQ(wav.size() / 2, 3003u * 1764);
     for (double t = 1; t < 59; t += 4) EXPECT_GT(loudness(wav, t, t + 1), 100.0) << "silent at " << t << " s";
     EXPECT_LT(loudness(wav, 59.5, 60), loudness(wav, 50, 51) / 4) << "the music fades out";
 

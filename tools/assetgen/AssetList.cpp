@@ -14,6 +14,7 @@ AssetList makeAllAssets(const Band& band) {
     addProceduralKeytracks(assets);
     addMeshes(assets);
     addModels3dAssets(assets);
+    addSceneAssets(assets);
     addMusic(assets);
     return assets;
 }

@@ -26,6 +26,7 @@ void addProceduralKeytracks(AssetList& assets);         // key files of the proc
 void addMeshes(AssetList& assets);                      // meshes, materials and tracks of the 3D section
 void addModels3dAssets(AssetList& assets);             // meshes, light map, materials, keys of the 3D section
 void addMusic(AssetList& assets);                       // the tracker module
+void addSceneAssets(AssetList& assets);                 // scene export, pivot mesh and stream of the scene section
 
 // Every file of the demo, in a fixed order.
 AssetList makeAllAssets(const Band& band = Band{});
