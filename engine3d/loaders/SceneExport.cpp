@@ -268,7 +268,9 @@ void Reader::finishRotations() {
 SceneExport Reader::read() {
     logout() << "loadScn : loading of " << fileName_ << lend;
     std::vector<std::uint8_t> bytes;
-    if (!readWholeFile(fileName_, bytes)) fatal("loadScn : can not open " + fileName_);
+    std::string why;
+    if (!readWholeFile(fileName_, bytes, why))
+        fatal("loadScn : can not open " + fileName_, "loadScn : can not open " + fileName_, why);
     std::size_t start = 0;
     while (start < bytes.size()) {
         std::size_t end = start;

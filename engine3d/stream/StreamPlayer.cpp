@@ -17,7 +17,9 @@ const char* const badFormat = "loading of streaming : bad file format";
 
 StreamPlayer::StreamPlayer(const std::string& fileName) {
     std::vector<std::uint8_t> bytes;
-    if (!readWholeFile(fileName, bytes)) fatal("loading of streaming : file not found");
+    std::string why;
+    if (!readWholeFile(fileName, bytes, why))
+        fatal("loading of streaming : file not found", "loading of streaming : file not found", fileName + ": " + why);
     if (bytes.size() < static_cast<std::size_t>(headerSize)) fatal(fileName + " : the header is cut short", badFormat);
     if (static_cast<std::int32_t>(get32(bytes.data())) != magic) fatal(badFormat);
     const std::uint32_t total = get32(bytes.data() + 4);
