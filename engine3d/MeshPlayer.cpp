@@ -1,5 +1,6 @@
 #include "engine3d/MeshPlayer.hpp"
 
+#include "engine3d/PlaceObject.hpp"
 #include "engine3d/Transform.hpp"
 #include "script/ComponentContext.hpp"
 #include "script/Show.hpp"
@@ -26,9 +27,7 @@ void MeshStage::refresh() {
 }
 
 void MeshStage::place(MeshTracks& tracks, float time) {
-    setPosition(tracks.position.sample(time));
-    mesh.setUniformScale(tracks.scale.sample(time));
-    setRotation(tracks.rotation.sample(time));
+    placeObject(mesh, tracks.position.sample(time), tracks.rotation.sample(time), tracks.scale.sample(time));
     refresh();
 }
 
