@@ -4,7 +4,8 @@
 # their names say (a layer, a palette, a colour, a track, a number), played headless
 # for one second over a picture of tiles; its last frame becomes
 # docs/pictures/components/KEYWORD.png. A keyword with a parameter this script cannot
-# tell, whose demo fails, or that leaves the tiles as they were, gets none.
+# tell, whose demo fails, or that leaves the tiles as they were, gets none, unless its
+# effect page has a picture (below).
 set -eu
 player=${1:?usage: make-component-pictures.sh PATH/TO/vzplayer}
 root="$(cd "$(dirname "$0")/.." && pwd)"
@@ -71,6 +72,17 @@ while IFS='|' read -r keyword syntax; do
   picture="$out/$keyword.png"
   if ! "$player" --headless --until 1 --shot "1=$picture" "$work" > /dev/null 2>&1 || cmp -s "$picture" "$work/tiles.png"; then
     rm -f "$picture"
+  fi
+done
+# A keyword with a chosen frame on its effect page (docs/pictures, made by
+# tools/make-doc-pictures.sh from a show written for it) shows that frame instead of a
+# guess, brought down to 160 x 100 when ffmpeg is at hand.
+for page_picture in "$root"/docs/pictures/*.png; do
+  keyword=$(basename "$page_picture" .png)
+  if command -v ffmpeg > /dev/null; then
+    ffmpeg -loglevel error -y -i "$page_picture" -vf scale=160:100 "$out/$keyword.png"
+  else
+    cp "$page_picture" "$out/$keyword.png"
   fi
 done
 echo "$(ls "$out" | wc -l) pictures in $out"
