@@ -36,6 +36,10 @@ public:
         if (!handle_) return fail(mpg123_plain_strerror(err), why);
         // Whatever the file's rate and channels, the decoder hands out the player's format.
         mpg123_param(handle_, MPG123_ADD_FLAGS, MPG123_QUIET | MPG123_FORCE_STEREO, 0);
+        // Whole frames are decoded, the encoder's delay and padding included. The gapless
+        // mode works in proportion to the frame count an Info frame declares, which a file
+        // of a few kilobytes can set to four billion: half a minute before the first sample.
+        mpg123_param(handle_, MPG123_REMOVE_FLAGS, MPG123_GAPLESS, 0);
         mpg123_format_none(handle_);
         mpg123_format(handle_, sampleRate, MPG123_STEREO, MPG123_ENC_SIGNED_16);
         if (mpg123_replace_reader_handle(handle_, &readBytes, &seekBytes, nullptr) != MPG123_OK ||
