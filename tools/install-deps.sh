@@ -3,7 +3,7 @@
 # skipping those already present. Usage: tools/install-deps.sh [build|test|fuzz]...
 set -eu
 build_pkgs="cmake make g++ pkg-config libsdl2-dev libopenmpt-dev libmpg123-dev libminizip-dev zlib1g-dev libpng-dev libjpeg62-turbo-dev"
-test_pkgs="libgtest-dev libbenchmark-dev xvfb xdotool x11-apps lame ffmpeg"
+test_pkgs="libgtest-dev libbenchmark-dev xvfb xdotool x11-apps lame ffmpeg xauth"
 bench_pkgs="libbenchmark-dev libpixman-1-dev libgif-dev libosmesa6-dev"
 fuzz_pkgs="clang libclang-rt-14-dev"
 
