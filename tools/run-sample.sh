@@ -13,9 +13,10 @@ fi
 out="$(pwd)/sample-frames"
 mkdir -p "$out"
 shots=()
-for t in 5 15 25 35 45 55; do shots+=(--shot "$t=$out/sample-${t}s.png"); done
+times=(5 15 25 35 45 55 65 80 95 110)
+for t in "${times[@]}"; do shots+=(--shot "$t=$out/sample-${t}s.png"); done
 "$player" --headless --fps 25 --audio-out "$out/sample-music.wav" "${shots[@]}" "$demo"
 status=$?
-echo "Frames at 5, 15, 25, 35, 45 and 55 s were written to $out/ (sample-*.png),"
+echo "Frames at ${times[*]} s were written to $out/ (sample-*.png),"
 echo "the music to $out/sample-music.wav, and the log to $demo/logfile.txt."
 exit $status
